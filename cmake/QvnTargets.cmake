@@ -1,0 +1,26 @@
+# Functions that every folder's CMakeLists.txt uses, so that all targets are compiled alike.
+
+option(QVN_WERROR "Treat warnings as errors" OFF)
+
+# The language level and the warnings of this project's own targets.
+function(qvn_compile_options target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # With optimisation it takes every literal put in front of a string for an overlapping copy (GCC bug 105651).
+    target_compile_options(${target} PRIVATE -Wno-restrict)
+  endif()
+  if(QVN_WERROR)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+endfunction()
+
+# A module of the library: qvn_module(base utf8.cpp ...) makes the static library qvn_base, alias qvn::base.
+# Sources stand beside the CMakeLists.txt that calls it; includes are written from the repository root.
+function(qvn_module name)
+  add_library(qvn_${name} STATIC ${ARGN})
+  add_library(qvn::${name} ALIAS qvn_${name})
+  target_include_directories(qvn_${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  qvn_compile_options(qvn_${name})
+endfunction()

@@ -1,0 +1,207 @@
+#include "qvn/base/number_text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+
+#include "qvn/base/utf8.h"
+
+namespace qvn {
+namespace {
+
+constexpr int kSignificantDigits = 15;
+constexpr int kMostDecimals = 15;
+
+// Room for the longest scientific text of a Double ("-1.7976931348623157e+308") and for "-0." with 15 decimals.
+using NumberBuffer = std::array<char, 40>;
+
+// A number as its significant digits and the power of ten of the first one, without trailing zeros.
+struct Scientific {
+  std::array<char, 20> digits{};
+  int count = 0;
+  int exponent = 0;
+  bool negative = false;
+};
+
+// Takes apart to_chars' scientific form, such as "-1.25e-07".
+Scientific readScientific(std::string_view text) {
+  Scientific number;
+  if (text.front() == '-') {
+    number.negative = true;
+    text.remove_prefix(1);
+  }
+  const std::size_t mark = text.find('e');
+  for (const char c : text.substr(0, mark)) {
+    if (c != '.') number.digits[static_cast<std::size_t>(number.count++)] = c;
+  }
+  while (number.count > 1 && number.digits[static_cast<std::size_t>(number.count) - 1] == '0') --number.count;
+  std::string_view exponent = text.substr(mark + 1);
+  if (exponent.front() == '+') exponent.remove_prefix(1);
+  std::from_chars(exponent.data(), exponent.data() + exponent.size(), number.exponent);
+  return number;
+}
+
+template <typename Number>
+Scientific shortestDigits(Number value) {
+  NumberBuffer buffer;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific);
+  return readScientific({buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data())});
+}
+
+Scientific roundedDigits(double value) {
+  NumberBuffer buffer;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific,
+                                 kSignificantDigits - 1);
+  return readScientific({buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data())});
+}
+
+std::string writeExponent(const Scientific& number) {
+  std::string text(number.negative ? "-" : "");
+  text.push_back(number.digits[0]);
+  if (number.count > 1) text.append(".").append(number.digits.data() + 1, static_cast<std::size_t>(number.count - 1));
+  return text.append(number.exponent < 0 ? "E-" : "E+").append(std::to_string(std::abs(number.exponent)));
+}
+
+std::string writePlain(const Scientific& number) {
+  std::string text(number.negative ? "-" : "");
+  const auto count = static_cast<std::size_t>(number.count);
+  if (number.exponent < 0) {
+    text.append("0.").append(static_cast<std::size_t>(-number.exponent - 1), '0').append(number.digits.data(), count);
+    return text;
+  }
+  const auto whole = static_cast<std::size_t>(number.exponent + 1);
+  if (count <= whole) return text.append(number.digits.data(), count).append(whole - count, '0');
+  return text.append(number.digits.data(), whole).append(".").append(number.digits.data() + whole, count - whole);
+}
+
+// A value below 1 whose digits reach past the last decimal that is shown.
+std::string writeBelowOne(double value) {
+  NumberBuffer buffer;
+  const auto end =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, kMostDecimals);
+  std::string_view text(buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data()));
+  text = text.substr(0, text.find_last_not_of('0') + 1);
+  if (text.back() == '.') return "0";
+  return std::string(text);
+}
+
+std::optional<std::string> writeSpecial(double value) {
+  if (value == 0) return "0";
+  if (std::isnan(value)) return "NAN";
+  if (std::isinf(value)) return value < 0 ? "-INF" : "INF";
+  return std::nullopt;
+}
+
+template <typename Number>
+std::string writeShortest(Number value) {
+  if (auto special = writeSpecial(static_cast<double>(value))) return *special;
+  const Scientific number = shortestDigits(value);
+  const bool isPlain = number.exponent < kSignificantDigits && number.exponent >= -kMostDecimals;
+  return isPlain ? writePlain(number) : writeExponent(number);
+}
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool takePrefix(std::string_view& text, std::string_view prefix) {
+  if (prefix.empty() || !text.starts_with(prefix)) return false;
+  text.remove_prefix(prefix.size());
+  return true;
+}
+
+// Appends the run of digits at the front of `text`, over thousands separators when one is given.
+std::size_t takeDigits(std::string_view& text, std::string& digits, std::string_view thousands) {
+  const std::size_t before = digits.size();
+  while (!text.empty()) {
+    if (isDigit(text.front())) {
+      digits.push_back(text.front());
+      text.remove_prefix(1);
+    } else if (digits.size() == before || !takePrefix(text, thousands)) {
+      break;
+    }
+  }
+  return digits.size() - before;
+}
+
+// Appends the exponent at the front of `text`; false when a marker is not followed by digits.
+bool takeExponent(std::string_view& text, std::string& number) {
+  if (text.empty() || std::string_view("eEdD").find(text.front()) == std::string_view::npos) return true;
+  text.remove_prefix(1);
+  number.push_back('e');
+  if (!text.empty() && (text.front() == '+' || text.front() == '-')) {
+    if (text.front() == '-') number.push_back('-');
+    text.remove_prefix(1);
+  }
+  return takeDigits(text, number, {}) > 0;
+}
+
+// Whether a number in the form of plainNumber() that no Double holds is too small for one, not too large: its power of
+// ten tells, together with how far its first digit other than 0 stands from the point.
+bool isTooSmall(std::string_view number) {
+  constexpr std::int64_t kFarther = std::int64_t{1} << 62;  // than any text is long
+  const std::size_t mark = std::min(number.find('e'), number.size());
+  const std::size_t point = std::min(number.find('.'), mark);
+  std::int64_t exponent = 0;
+  if (mark < number.size()) {
+    const auto read = std::from_chars(number.data() + mark + 1, number.data() + number.size(), exponent);
+    if (read.ec != std::errc{}) exponent = number[mark + 1] == '-' ? -kFarther : kFarther;
+  }
+  return exponent + static_cast<std::int64_t>(point) < static_cast<std::int64_t>(number.find_first_not_of("-0."));
+}
+
+std::optional<double> readPlain(const std::string& number) {
+  double value = 0;
+  const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+  // from_chars reports a value too small for a Double like one too large.
+  if (error == std::errc::result_out_of_range && isTooSmall(number)) return 0.0;
+  if (error != std::errc{} || end != number.data() + number.size()) return std::nullopt;
+  return value;
+}
+
+}  // namespace
+
+std::string generalNumber(double value) {
+  if (auto special = writeSpecial(value)) return *special;
+  Scientific number = shortestDigits(value);
+  if (number.count > kSignificantDigits) number = roundedDigits(value);
+  if (number.exponent >= kSignificantDigits) return writeExponent(number);
+  if (number.count - 1 - number.exponent > kMostDecimals) return writeBelowOne(value);
+  return writePlain(number);
+}
+
+std::string regionalNumber(double value) {
+  std::string text = generalNumber(value);
+  if (const std::size_t point = text.find('.'); point != std::string::npos) text.replace(point, 1, decimalSeparator());
+  return text;
+}
+
+std::string shortestNumber(double value) { return writeShortest(value); }
+std::string shortestNumber(float value) { return writeShortest(value); }
+
+std::optional<std::string> plainNumber(std::string_view text, const RegionalSettings& regional) {
+  text = utf8::trimBlanks(text);
+  std::string number;
+  number.reserve(text.size());
+  if (!text.empty() && (text.front() == '+' || text.front() == '-')) {
+    if (text.front() == '-') number.push_back('-');
+    text.remove_prefix(1);
+  }
+  std::size_t digits = takeDigits(text, number, regional.thousandsSeparator);
+  if (takePrefix(text, regional.decimalSeparator)) {
+    number.push_back('.');
+    digits += takeDigits(text, number, {});
+  }
+  if (digits == 0 || !takeExponent(text, number) || !text.empty()) return std::nullopt;
+  return number;
+}
+
+std::optional<double> parseNumber(std::string_view text, const RegionalSettings& regional) {
+  const auto number = plainNumber(text, regional);
+  return number ? readPlain(*number) : std::nullopt;
+}
+
+std::optional<double> parseNumber(std::string_view text) { return parseNumber(text, regionalSettings()); }
+
+}  // namespace qvn
