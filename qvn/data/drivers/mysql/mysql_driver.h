@@ -1,0 +1,26 @@
+// The driver for MySQL and MariaDB servers, on their native client library.
+//
+//   registerDriver(mysqlDriver());
+//   connection->Open("MySQL;SERVER=caja;DATABASE=tienda;UID=pos;PWD=...");
+#pragma once
+
+#include <memory>
+
+#include "qvn/data/driver.h"
+
+namespace qvn::data {
+
+/// Serves connection strings whose driver name begins with "MySQL" in any case ("MySQLProv", "{MySQL ODBC 5.1
+/// Driver}").
+///
+/// Parameters: SERVER, HOST or DATA SOURCE (localhost when absent); PORT; SOCKET or UNIX_SOCKET, which goes before
+/// SERVER; DATABASE or INITIAL CATALOG; UID, USER, USER ID or USERNAME; PWD or PASSWORD. Without PORT and SOCKET,
+/// localhost is reached through the system's default socket; with PORT always over TCP. Texts are UTF-8 both ways.
+/// An UPDATE counts the rows that matched, changed or not. One statement at a time; LOAD DATA LOCAL is refused, and a
+/// lost connection is never opened again silently: every further statement fails with kUnspecified.
+///
+/// After an INSERT of several rows the inserted number is that of the first of them. A deadlock (40001) ends with
+/// kStatementRefused: the connection is sound, the transaction is gone.
+std::shared_ptr<const Driver> mysqlDriver();
+
+}  // namespace qvn::data

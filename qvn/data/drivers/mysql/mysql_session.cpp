@@ -1,0 +1,73 @@
+#include "qvn/data/drivers/mysql/mysql_session.h"
+
+#include "qvn/data/drivers/mysql/mysql_cursor.h"
+#include "qvn/data/drivers/mysql/mysql_error.h"
+#include "qvn/data/drivers/mysql/mysql_literal.h"
+
+namespace qvn::data::mysql {
+namespace {
+
+// `reported` is what the server said when it was told to end the statement; nothing when it sent rows all the same.
+ProviderError timeoutError(std::chrono::seconds timeout, std::optional<ErrorItem> reported) {
+  ErrorItem item;
+  item.sqlState = "HYT00";
+  item.source = kSource;
+  if (reported) item = *std::move(reported);
+  item.number = provider_number::kTimeout;
+  const std::string late = "La instrucción no terminó en " + std::to_string(timeout.count()) + " s y se canceló";
+  item.description = item.description.empty() ? late : late + ". " + item.description;
+  return ProviderError({std::move(item)});
+}
+
+}  // namespace
+
+MysqlSession::MysqlSession(const ConnectRequest& request)
+    : link_(serverAddress(request), request.connectTimeout), timeout_(request.commandTimeout) {}
+
+StatementResult MysqlSession::execute(std::string_view sql) {
+  if (MysqlCursor* const reader = link_.reader()) reader->releaseLink();
+  AnswerWait wait(link_, timeout_);
+  StatementResult result;
+  std::optional<ErrorItem> reported;
+  try {
+    result = run(sql, wait);
+    if (!wait.timedOut()) return result;
+  } catch (const ProviderError& error) {
+    if (!wait.timedOut()) throw;
+    reported = error.errors().front();
+  }
+  const bool isInForce = !reported && result.cursor == nullptr;
+  result.cursor.reset();
+  // The order to end the statement may have crossed its answer; it must not hit the next one.
+  static_cast<void>(send("DO 0", wait));
+  if (isInForce) return result;
+  throw timeoutError(timeout_, std::move(reported));
+}
+
+StatementResult MysqlSession::run(std::string_view sql, AnswerWait& wait) {
+  if (!send(sql, wait)) throw lastError();
+  StatementResult result;
+  if (ResultHandle rows{mysql_use_result(link_.handle())}) {
+    result.cursor = std::make_unique<MysqlCursor>(link_, std::move(rows), wait);
+    return result;
+  }
+  if (mysql_field_count(link_.handle()) != 0) throw lastError();
+  result.affectedRows = static_cast<std::int64_t>(mysql_affected_rows(link_.handle()));
+  result.insertedNumber = static_cast<std::int64_t>(mysql_insert_id(link_.handle()));
+  if (!link_.dropFurtherResults()) throw lastError();
+  return result;
+}
+
+bool MysqlSession::send(std::string_view sql, AnswerWait& wait) {
+  return wait.run<int>(
+             [&](int* failed) { return mysql_real_query_start(failed, link_.handle(), sql.data(), sql.size()); },
+             [&](int* failed, int events) { return mysql_real_query_cont(failed, link_.handle(), events); }) == 0;
+}
+
+std::string MysqlSession::literal(const Variant& value, FieldType type) const {
+  return mysql::literal(link_.handle(), value, type);
+}
+
+ProviderError MysqlSession::lastError() const { return statementError(link_.handle(), link_.serverName()); }
+
+}  // namespace qvn::data::mysql

@@ -1,0 +1,33 @@
+// An open connection to a server, as the layers above use it.
+#pragma once
+
+#include "qvn/data/driver.h"
+#include "qvn/data/drivers/mysql/answer_wait.h"
+#include "qvn/data/drivers/mysql/mysql_link.h"
+#include "qvn/data/provider_error.h"
+
+namespace qvn::data::mysql {
+
+class MysqlSession final : public Session {
+ public:
+  /// Connects. See Driver::connect.
+  explicit MysqlSession(const ConnectRequest& request);
+
+  /// A statement without rows that the server finished just before it was told to end it is in force, and gives its
+  /// outcome although it took too long.
+  StatementResult execute(std::string_view sql) override;
+  void setCommandTimeout(std::chrono::seconds timeout) override { timeout_ = timeout; }
+  [[nodiscard]] std::string literal(const Variant& value, FieldType type) const override;
+
+ private:
+  // Waits for the first row or the outcome.
+  StatementResult run(std::string_view sql, AnswerWait& wait);
+  // False when the server or the library reports an error.
+  [[nodiscard]] bool send(std::string_view sql, AnswerWait& wait);
+  [[nodiscard]] ProviderError lastError() const;
+
+  MysqlLink link_;
+  std::chrono::seconds timeout_;
+};
+
+}  // namespace qvn::data::mysql

@@ -1,0 +1,29 @@
+// Rows of a statement of the embedded engine.
+#pragma once
+
+#include <vector>
+
+#include "qvn/data/driver.h"
+#include "qvn/data/drivers/sqlite/handles.h"
+
+namespace qvn::data::sqlite {
+
+class SqliteCursor final : public Cursor {
+ public:
+  /// `statement` has been stepped once; `hasRow` tells whether that gave a row.
+  SqliteCursor(StatementHandle statement, bool hasRow);
+
+  [[nodiscard]] const std::vector<Column>& columns() const override { return columns_; }
+  [[nodiscard]] std::vector<ColumnOrigin> origins() override;
+  bool next() override;
+  void read(std::size_t column, Variant& value) override;
+
+ private:
+  enum class Stage { FirstRowReady, Reading, Done };
+
+  StatementHandle statement_;
+  std::vector<Column> columns_;
+  Stage stage_;
+};
+
+}  // namespace qvn::data::sqlite

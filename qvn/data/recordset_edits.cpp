@@ -1,0 +1,90 @@
+#include "qvn/data/internal/opened_recordset.h"
+#include "qvn/data/provider_error.h"
+
+namespace qvn::data {
+namespace {
+
+void requireChanged(std::int64_t rows) {
+  if (rows > 0) return;
+  throw ProviderError(provider_number::kRowChanged,
+                      "El registro no se guardó porque otro usuario lo cambió o lo borró después de leerlo");
+}
+
+}  // namespace
+
+EditMode Recordset::editMode() const { return opened().mode; }
+
+void Recordset::AddNew() {
+  requireWritable();
+  Opened& open = opened();
+  if (open.mode != EditMode::None) Update();
+  open.edits.assign(open.fields.size(), std::nullopt);
+  open.mode = EditMode::Add;
+}
+
+void Recordset::CancelUpdate() { opened().mode = EditMode::None; }
+
+void Recordset::Update() {
+  requireWritable();
+  switch (opened().mode) {
+    case EditMode::None:
+      break;
+    case EditMode::InProgress:
+      changeRow();
+      break;
+    case EditMode::Add:
+      insertRow();
+      break;
+  }
+}
+
+std::int64_t Recordset::write(const std::string& sql, std::int64_t* insertedNumber) {
+  const StatementResult result = opened().connection->run(sql);
+  if (insertedNumber != nullptr) *insertedNumber = result.insertedNumber;
+  return result.affectedRows;
+}
+
+void Recordset::changeRow() {
+  Opened& open = opened();
+  const internal::EditContext context{open.connection->session(), open.cursor->columns(), open.origins};
+  requireChanged(write(internal::updateStatement(
+      context, open.edits, [&](std::size_t i) -> const Variant& { return open.rows->value(i); })));
+  for (std::size_t i = 0; i < open.edits.size(); ++i) {
+    if (open.edits[i]) open.rows->assign(i, *std::move(open.edits[i]));
+  }
+  open.mode = EditMode::None;
+}
+
+void Recordset::insertRow() {
+  Opened& open = opened();
+  const internal::EditContext context{open.connection->session(), open.cursor->columns(), open.origins};
+  std::int64_t number = 0;
+  write(internal::insertStatement(context, open.edits), &number);
+  std::vector<Variant> row(open.edits.size(), Variant(Null{}));
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    if (open.edits[i]) {
+      row[i] = *std::move(open.edits[i]);
+    } else if (open.origins[i].isAutoNumber && number != 0) {
+      row[i] = number;
+    }
+  }
+  open.mode = EditMode::None;
+  open.rows->append(std::move(row));
+}
+
+void Recordset::Delete() {
+  requireWritable();
+  Opened& open = opened();
+  if (open.mode == EditMode::Add) {
+    CancelUpdate();
+    return;
+  }
+  requireRow();
+  const internal::EditContext context{open.connection->session(), open.cursor->columns(), open.origins};
+  requireChanged(
+      write(internal::deleteStatement(context, [&](std::size_t i) -> const Variant& { return open.rows->value(i); })));
+  open.mode = EditMode::None;
+  open.rows->removeCurrent();
+}
+
+}  // namespace qvn::data
