@@ -1,0 +1,52 @@
+// The host's environment: what the running station knows about itself.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "qvn/base/variant.h"
+#include "qvn/data/connection.h"
+
+namespace qvn::host {
+
+/// Implemented by hosts, or taken ready-made as SimpleAmbiente. The library keeps nothing that it reads from it.
+class Ambiente : public Object {
+ public:
+  /// The open connection to the business database; null when there is none.
+  [[nodiscard]] virtual data::ConnectionPtr Conexion() const = 0;
+
+  /// Patterns of the numbers in the host's text boxes: A with decimals, B as typed, C for special boxes.
+  [[nodiscard]] virtual std::string FormatoA() const = 0;
+  [[nodiscard]] virtual std::string FormatoB() const = 0;
+  [[nodiscard]] virtual std::string FormatoC() const = 0;
+};
+using AmbientePtr = std::shared_ptr<Ambiente>;
+
+/// Holds the values that the host gave it.
+class SimpleAmbiente final : public Ambiente {
+ public:
+  explicit SimpleAmbiente(data::ConnectionPtr connection = nullptr) : connection_(std::move(connection)) {}
+
+  [[nodiscard]] data::ConnectionPtr Conexion() const override { return connection_; }
+  [[nodiscard]] std::string FormatoA() const override { return formatA_; }
+  [[nodiscard]] std::string FormatoB() const override { return formatB_; }
+  [[nodiscard]] std::string FormatoC() const override { return formatC_; }
+
+  void setConexion(data::ConnectionPtr connection) { connection_ = std::move(connection); }
+  void setFormatoA(std::string pattern) { formatA_ = std::move(pattern); }
+  void setFormatoB(std::string pattern) { formatB_ = std::move(pattern); }
+  void setFormatoC(std::string pattern) { formatC_ = std::move(pattern); }
+
+ private:
+  data::ConnectionPtr connection_;
+  std::string formatA_ = "#,##0.00";
+  std::string formatB_ = "#,##0.######";
+  std::string formatC_ = "#,##0.000";
+};
+
+/// The connection of an environment that must have one. Throws RuntimeError 91 when the environment or its connection
+/// is missing.
+data::ConnectionPtr requireConnection(const AmbientePtr& ambiente);
+
+}  // namespace qvn::host

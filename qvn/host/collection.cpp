@@ -1,0 +1,59 @@
+#include "qvn/host/collection.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "qvn/base/letter_case.h"
+#include "qvn/base/runtime_error.h"
+
+namespace qvn::host {
+namespace {
+
+std::size_t checkedOffset(const Variant& position, std::size_t count) {
+  const std::int32_t number = position.toLong();
+  if (number < 1 || static_cast<std::size_t>(number) > count) throw RuntimeError(error_number::kSubscriptOutOfRange);
+  return static_cast<std::size_t>(number) - 1;
+}
+
+}  // namespace
+
+void Collection::Add(Variant value, std::string_view key, const Variant& before, const Variant& after) {
+  if (!before.isEmpty() && !after.isEmpty()) throw RuntimeError(error_number::kInvalidCall);
+  auto entry = std::make_unique<Entry>(Entry{std::move(value), upperCase(key)});
+  if (keys_.contains(entry->key)) throw RuntimeError(error_number::kDuplicateKey);
+  const std::size_t offset = !before.isEmpty()  ? offsetOf(before)
+                             : !after.isEmpty() ? offsetOf(after) + 1
+                                                : entries_.size();
+  Entry& added = **entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(offset), std::move(entry));
+  if (!added.key.empty()) keys_.emplace(added.key, &added);
+}
+
+Variant& Collection::Item(const Variant& indexOrKey) { return find(indexOrKey).value; }
+const Variant& Collection::Item(const Variant& indexOrKey) const { return find(indexOrKey).value; }
+
+void Collection::Remove(const Variant& indexOrKey) {
+  const auto at = entries_.begin() + static_cast<std::ptrdiff_t>(offsetOf(indexOrKey));
+  keys_.erase((*at)->key);
+  entries_.erase(at);
+}
+
+Collection::Entry& Collection::find(const Variant& indexOrKey) const {
+  if (const auto* key = indexOrKey.getIf<std::string>()) return findKey(*key);
+  return *entries_[checkedOffset(indexOrKey, entries_.size())];
+}
+
+Collection::Entry& Collection::findKey(std::string_view key) const {
+  const auto found = keys_.find(upperCase(key));
+  if (found == keys_.end()) throw RuntimeError(error_number::kInvalidCall);
+  return *found->second;
+}
+
+std::size_t Collection::offsetOf(const Variant& indexOrKey) const {
+  const auto* key = indexOrKey.getIf<std::string>();
+  if (key == nullptr) return checkedOffset(indexOrKey, entries_.size());
+  const Entry* entry = &findKey(*key);
+  const auto at = std::ranges::find(entries_, entry, [](const auto& held) -> const Entry* { return held.get(); });
+  return static_cast<std::size_t>(at - entries_.begin());
+}
+
+}  // namespace qvn::host

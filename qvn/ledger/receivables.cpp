@@ -1,0 +1,80 @@
+#include "qvn/ledger/receivables.h"
+
+#include <cmath>
+
+#include "qvn/core/recordsets.h"
+#include "qvn/ledger/statement_runner.h"
+#include "qvn/text/decimal_text.h"
+#include "qvn/text/padding.h"
+
+namespace qvn::ledger {
+namespace {
+
+// Half to even on the value times 100. Both sums of a document come out of the same rounding, which is what makes the
+// exact comparison of their difference with zero work.
+double roundToCents(double amount) { return std::nearbyint(amount * 100) / 100; }
+
+// One sum over a document's movements; no movements count as 0.
+double sumMovements(const std::string& sql, const data::ConnectionPtr& connection, std::string_view field) {
+  const auto rows = core::CreaRecordSet(sql, connection);
+  return roundToCents(text::Val2(text::cNull(rows->Fields(field).Value())));
+}
+
+double documentBalance(const std::string& document, const data::ConnectionPtr& connection) {
+  const double charges =
+      sumMovements("SELECT sum(importe) As cargos FROM cobdet WHERE cargo_ab = 'C' AND cobranza = " + document,
+                   connection, "Cargos");
+  const double credits =
+      sumMovements("SELECT sum(importe) As abonos FROM cobdet WHERE cargo_ab = 'A' AND cobranza = " + document,
+                   connection, "Abonos");
+  return charges - credits;
+}
+
+void writeDocument(host::Query& query, const std::string& document, double balance) {
+  const char* state = balance == 0.0 ? ",estado = 'S' WHERE cobranza = " : ",estado = 'P' WHERE cobranza = ";
+  runStatement(query, "UPDATE cobranza SET saldo = " + text::FormatoDecimal(balance) + state + document);
+}
+
+// In base currency, over every document of the customer.
+double customerTotal(const std::string& customer, const data::ConnectionPtr& connection) {
+  const auto rows = core::CreaRecordSet(
+      "SELECT sum(saldo * tip_cam) As S FROM cobranza WHERE cliente = '" + customer + "'", connection);
+  return rows->Fields("s").Value().toDouble();
+}
+
+}  // namespace
+
+void ActualizaSaldo(const Variant& nCobranza, const host::AmbientePtr& Ambiente, host::QueryPtr& Query) {
+  const data::ConnectionPtr connection = host::requireConnection(Ambiente);
+  provideQuery(Query, connection);
+  const std::string document = concatenate(nCobranza, {});
+  writeDocument(*Query, document, documentBalance(document, connection));
+
+  const auto rows = core::CreaRecordSet("SELECT * FROM cobranza WHERE cobranza = " + document, connection);
+  if (rows->Eof()) return;
+  const std::string customer = rows->Fields("Cliente").Value().toText();
+  const double total = customerTotal(customer, connection);
+  runStatement(*Query,
+               "UPDATE clients SET saldo = " + text::FormatoDecimal(total) + " WHERE CLIENTE = '" + customer + "'");
+}
+
+void ActualizaPorAplicar(const Variant& nAbono, const host::AmbientePtr& Ambiente, host::QueryPtr& Query) {
+  const data::ConnectionPtr connection = host::requireConnection(Ambiente);
+  provideQuery(Query, connection);
+  const std::string payment = concatenate(nAbono, {});
+  const auto rows = core::CreaRecordSet("SELECT SUM(importe) FROM cobdet WHERE abono = " + payment, connection);
+  if (!rows->Eof()) {
+    const std::string applied = text::FormatoDecimal(text::Val2(rows->Fields(0).Value()));
+    runStatement(*Query, "UPDATE caja SET por_apli = importe - " + applied + " WHERE abono = " + payment);
+  }
+  runStatement(*Query, "UPDATE caja SET aplicado = 1 WHERE por_apli = 0 AND abono = " + payment);
+}
+
+void AfectaSaldoDeCliente(std::string_view cCliente, double nCantidad, const data::ConnectionPtr& Connection) {
+  const auto rows =
+      core::CreaRecordSet("SELECT * FROM clients WHERE cliente = '" + std::string(cCliente) + "'", Connection);
+  data::Field& balance = rows->Fields("Saldo");
+  balance.setValue(balance.Value() + nCantidad);
+}
+
+}  // namespace qvn::ledger

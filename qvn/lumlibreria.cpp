@@ -1,0 +1,184 @@
+#include "qvn/lumlibreria.h"
+
+#include <utility>
+
+#include "qvn/core/access_database.h"
+#include "qvn/core/date_literal.h"
+#include "qvn/core/environment.h"
+#include "qvn/core/existence.h"
+#include "qvn/core/network_link.h"
+#include "qvn/core/recordsets.h"
+#include "qvn/core/saved_recordset.h"
+#include "qvn/data/drivers/built_in.h"
+#include "qvn/ledger/receivables.h"
+#include "qvn/text/account.h"
+#include "qvn/text/arithmetic.h"
+#include "qvn/text/decimal_text.h"
+#include "qvn/text/keystrokes.h"
+#include "qvn/text/padding.h"
+#include "qvn/text/pattern.h"
+#include "qvn/text/replace.h"
+#include "qvn/text/search.h"
+#include "qvn/text/split.h"
+#include "qvn/text/text_box_format.h"
+
+namespace qvn {
+
+LumLibreria::LumLibreria() : LumLibreria(host::terminalMessageBox()) {}
+
+LumLibreria::LumLibreria(std::shared_ptr<host::MessageBox> messages) : messages_(std::move(messages)) {
+  data::registerBuiltInDrivers();
+}
+
+data::RecordsetPtr LumLibreria::CreaRecordSet(std::string_view strSQL, const ConnectionPtr& Connection,
+                                              bool porPantalla) const {
+  return core::CreaRecordSet(strSQL, Connection, porPantalla);
+}
+data::RecordsetPtr LumLibreria::CreaRecordSetEnCliente(std::string_view strSQL, const ConnectionPtr& Connection) const {
+  return core::CreaRecordSetEnCliente(strSQL, Connection);
+}
+data::RecordsetPtr LumLibreria::RecordWrite(std::string_view strSQL, const ConnectionPtr& Connection) const {
+  return core::RecordWrite(strSQL, Connection);
+}
+data::RecordsetPtr LumLibreria::RstRO(std::string_view strSQL, const ConnectionPtr& Connection,
+                                      bool bolPantalla) const {
+  return core::RstRO(strSQL, Connection, bolPantalla);
+}
+data::RecordsetPtr LumLibreria::FastRst(std::string_view strSQL, const ConnectionPtr& Connection) const {
+  return core::FastRst(strSQL, Connection);
+}
+data::RecordsetPtr LumLibreria::LoadRsFromXML(std::string_view fullpath) const { return core::LoadRsFromXML(fullpath); }
+
+std::int32_t LumLibreria::LastRec(std::string_view strTabla, const ConnectionPtr& Connection) const {
+  return core::LastRec(strTabla, Connection);
+}
+bool LumLibreria::Existen(std::string_view Tabla, const ConnectionPtr& Connection) const {
+  return core::Existen(Tabla, Connection);
+}
+bool LumLibreria::Existe(std::string_view cCampo, std::string_view cTabla, const Variant& value,
+                         const ConnectionPtr& Conexion, bool Numeric) const {
+  return core::Existe(cCampo, cTabla, value, Conexion, Numeric);
+}
+bool LumLibreria::ExisteCampo(std::string_view cCampo, std::string_view cTabla, const ConnectionPtr& Connection) const {
+  return core::ExisteCampo(cCampo, cTabla, Connection);
+}
+double LumLibreria::lastInsertedId(const ConnectionPtr& Connection) const { return core::lastInsertedId(Connection); }
+
+std::string LumLibreria::FechaSQL(const Variant& dFecha, const ConnectionPtr& Connection) const {
+  return core::FechaSQL(dFecha, Connection);
+}
+data::ConnectionPtr LumLibreria::AbreConnection(std::string_view cBase) const { return core::AbreConnection(cBase); }
+
+bool LumLibreria::Conectar() const { return core::Conectar(*core::systemNetworkLinks()); }
+bool LumLibreria::IsConnected() const { return core::IsConnected(*core::systemNetworkLinks(), *messages_); }
+std::string LumLibreria::GetUserNameW() const { return core::GetUserNameW(); }
+double LumLibreria::OsVersion() const { return core::OsVersion(); }
+bool LumLibreria::IsDevEnv() const { return core::IsDevEnv(); }
+std::string LumLibreria::getMyName() const { return core::getMyName(); }
+Variant LumLibreria::EmptySys(const Variant& value) const { return core::EmptySys(value); }
+
+std::shared_ptr<host::FileSystemObject> LumLibreria::NewFso() const {
+  return std::make_shared<host::FileSystemObject>();
+}
+host::QueryPtr LumLibreria::NewQuery() const { return std::make_shared<host::Query>(); }
+std::shared_ptr<host::Collection> LumLibreria::NewCollection() const { return std::make_shared<host::Collection>(); }
+data::ConnectionPtr LumLibreria::NewSQLite() const {
+  auto connection = data::Connection::create();
+  connection->setConnectionString("Provider=SQLite;");
+  return connection;
+}
+
+std::string LumLibreria::SeparadorDecimal() const { return text::SeparadorDecimal(); }
+std::string LumLibreria::FormatoDecimal(double uValue) const { return text::FormatoDecimal(uValue); }
+double LumLibreria::Fn(std::string_view strValue) const { return text::Fn(strValue); }
+double LumLibreria::Val2(const Variant& uDato) const { return text::Val2(uDato); }
+Variant LumLibreria::Formato(const Variant& Var, const Variant& strFormat) const {
+  return text::Formato(Var, strFormat);
+}
+
+double LumLibreria::Sqr2(const Variant& nDato) const { return text::Sqr2(nDato); }
+double LumLibreria::Max(double nNumero1, double nNumero2) const { return text::Max(nNumero1, nNumero2); }
+double LumLibreria::Min(double nNumero1, double nNumero2) const { return text::Min(nNumero1, nNumero2); }
+bool LumLibreria::bolValue(std::int16_t nValue) const { return text::bolValue(nValue); }
+std::int16_t LumLibreria::bolInt(bool bolValue) const { return text::bolInt(bolValue); }
+
+std::string LumLibreria::PadR(const Variant& str, const Variant& nVeces) const { return text::PadR(str, nVeces); }
+std::string LumLibreria::PadL(Variant& str, const Variant& nVeces) const { return text::PadL(str, nVeces); }
+std::string LumLibreria::Replicate(std::string_view cChar, std::int32_t nVeces) const {
+  return text::Replicate(cChar, nVeces);
+}
+std::string LumLibreria::strCero(std::int32_t nNumero, std::int16_t nCeros) const {
+  return text::strCero(nNumero, nCeros);
+}
+bool LumLibreria::clEmpty(std::string_view cDato) const { return text::clEmpty(cDato); }
+std::string LumLibreria::cNull(const Variant& uDato) const { return text::cNull(uDato); }
+
+std::int32_t LumLibreria::At(const Variant& strSearch, std::string_view strText) const {
+  return text::At(strSearch, strText);
+}
+std::int32_t LumLibreria::clAt(const Variant& strSearch, std::string_view strText) const {
+  return text::clAt(strSearch, strText);
+}
+std::string LumLibreria::Inserta(std::string_view cInserta, std::string_view cBusca, std::string_view cTarget) const {
+  return text::Inserta(cInserta, cBusca, cTarget);
+}
+std::string LumLibreria::Cambia(std::string_view cInserta, std::string_view cBusca, std::string& cTarget) const {
+  return text::Cambia(cInserta, cBusca, cTarget);
+}
+Variant LumLibreria::ReplaceString(std::string_view strSearch, std::string_view strSearchFor,
+                                   std::string_view strReplaceWith) const {
+  return text::ReplaceString(strSearch, strSearchFor, strReplaceWith);
+}
+std::int32_t LumLibreria::DataSeparator(const Variant& Separator, Variant& strSearch,
+                                        std::vector<Variant>& List) const {
+  return text::DataSeparator(Separator, strSearch, List);
+}
+std::int32_t LumLibreria::Separador(std::string_view Separator, std::string& strSearch,
+                                    std::vector<std::string>& List) const {
+  return text::Separador(Separator, strSearch, List);
+}
+
+std::int16_t LumLibreria::ToNumber(std::int16_t& KeyAscii, const host::TextBox& Control, bool bolDecimales) const {
+  return text::ToNumber(KeyAscii, Control, bolDecimales);
+}
+std::int16_t LumLibreria::UEspecial(std::int16_t& KeyAscii, const host::TextBox& Control) const {
+  return text::UEspecial(KeyAscii, Control);
+}
+std::string LumLibreria::AplicaFormato(host::TextBox& Text, const host::AmbientePtr& Ambiente,
+                                       std::string_view Formato) const {
+  return text::AplicaFormato(Text, Ambiente.get(), Formato);
+}
+
+std::string LumLibreria::FormateaCuenta(std::string_view cCuenta, std::int32_t nNiveles, std::int32_t nNivel1,
+                                        std::int32_t nNivel2, std::int32_t nNivel3, std::int32_t nNivel4,
+                                        std::int32_t nNivel5) const {
+  return text::FormateaCuenta(cCuenta, nNiveles, nNivel1, nNivel2, nNivel3, nNivel4, nNivel5);
+}
+std::int32_t LumLibreria::NivelDeCuenta(const Variant& cCuentaNivel1, const Variant& cCuentaNivel2,
+                                        const Variant& cCuentaNivel3, const Variant& cCuentaNivel4,
+                                        const Variant& cCuentaNivel5) const {
+  return text::NivelDeCuenta(cCuentaNivel1, cCuentaNivel2, cCuentaNivel3, cCuentaNivel4, cCuentaNivel5);
+}
+
+void LumLibreria::ActualizaSaldo(const Variant& nCobranza, const host::AmbientePtr& Ambiente,
+                                 host::QueryPtr& Query) const {
+  ledger::ActualizaSaldo(nCobranza, Ambiente, Query);
+}
+void LumLibreria::ActualizaSaldo(const Variant& nCobranza, const host::AmbientePtr& Ambiente) const {
+  host::QueryPtr none;
+  ledger::ActualizaSaldo(nCobranza, Ambiente, none);
+}
+void LumLibreria::ActualizaPorAplicar(const Variant& nAbono, const host::AmbientePtr& Ambiente,
+                                      host::QueryPtr& Query) const {
+  ledger::ActualizaPorAplicar(nAbono, Ambiente, Query);
+}
+void LumLibreria::ActualizaPorAplicar(const Variant& nAbono, const host::AmbientePtr& Ambiente) const {
+  host::QueryPtr none;
+  ledger::ActualizaPorAplicar(nAbono, Ambiente, none);
+}
+void LumLibreria::AfectaSaldoDeCliente(std::string_view cCliente, double nCantidad,
+                                       const ConnectionPtr& Connection) const {
+  ledger::AfectaSaldoDeCliente(cCliente, nCantidad, Connection);
+}
+
+}  // namespace qvn
