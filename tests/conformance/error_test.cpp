@@ -1,0 +1,75 @@
+// What a failure looks like to a host, whatever the engine.
+#include "tests/conformance/conformance.h"
+
+namespace qvn::test {
+namespace {
+
+namespace number = data::provider_number;
+
+class ErrorConformance : public Conformance {
+ protected:
+  void SetUp() override {
+    Conformance::SetUp();
+    createProducts();
+  }
+};
+
+TEST_P(ErrorConformance, NumbersAndStates) {
+  struct Row {
+    const char* why;
+    const char* sql;
+    std::int32_t number;
+    const char* sqlState;
+  };
+  static constexpr Row kRows[] = {
+      {"no such table", "SELECT * FROM nada", number::kNoSuchTable, "42S02"},
+      {"no such column", "SELECT nada FROM prods", number::kStatementRefused, "42S22"},
+      {"syntax", "SELEC * FROM prods", number::kStatementRefused, "42000"},
+      {"duplicate key", "INSERT INTO prods (articulo) VALUES ('A1')", number::kIntegrityViolation, "23000"},
+      {"not null", "INSERT INTO prods (articulo) VALUES (NULL)", number::kIntegrityViolation, "23000"},
+      {"a code with a quote", "SELECT * FROM prods WHERE articulo = 'O'Higgins'", number::kStatementRefused, "42000"},
+      {"a second statement", "SELECT 1; DELETE FROM prods", number::kStatementRefused, "42000"},
+  };
+  for (const Row& row : kRows) {
+    SCOPED_TRACE(row.why);
+    const auto error = providerError([&] { connection_->Execute(row.sql); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), row.number);
+    ASSERT_EQ(error->errors().size(), 1u);
+    EXPECT_EQ(error->errors()[0].sqlState, row.sqlState);
+    EXPECT_NE(error->errors()[0].nativeError, 0);
+    EXPECT_EQ(error->errors()[0].source, GetParam().name);
+    EXPECT_FALSE(error->description().empty());
+    ASSERT_EQ(connection_->Errors().size(), 1u);
+    EXPECT_EQ(connection_->Errors()[0].number, row.number);
+  }
+  EXPECT_EQ(scalar("SELECT COUNT(*) FROM prods"), "3");
+}
+
+TEST_P(ErrorConformance, SlowStatementTimesOutAndTheSessionGoesOn) {
+  connection_->setCommandTimeout(std::chrono::seconds{1});
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(errorNumber([&] { connection_->Execute(GetParam().slowStatement); }), number::kTimeout);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds{10});
+  EXPECT_EQ(scalar("SELECT COUNT(*) FROM prods"), "3");
+}
+
+TEST_P(ErrorConformance, InvalidUtf8InAStatementIsHarmless) {
+  const auto attempt = [&] { connection_->Execute("SELECT '\xff\xfe' FROM prods"); };
+  const std::int32_t raised = errorNumber(attempt);
+  EXPECT_TRUE(raised == 0 || raised == number::kStatementRefused) << raised;
+  EXPECT_EQ(scalar("SELECT COUNT(*) FROM prods"), "3");
+}
+
+TEST_P(ErrorConformance, ObserverSeesEveryTextBeforeItRuns) {
+  std::vector<std::string> seen;
+  connection_->setStatementObserver([&](std::string_view sql) { seen.emplace_back(sql); });
+  open("SELECT 1");
+  (void)errorNumber([&] { connection_->Execute("SELECT * FROM nada"); });
+  EXPECT_EQ(seen, (std::vector<std::string>{"SELECT 1", "SELECT * FROM nada"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, ErrorConformance, testing::ValuesIn(engines()), engineName);
+
+}  // namespace
+}  // namespace qvn::test

@@ -1,0 +1,87 @@
+// Column types and their values, whatever the engine.
+#include "tests/conformance/conformance.h"
+
+namespace qvn::test {
+namespace {
+
+using data::FieldType;
+
+using TypesConformance = Conformance;
+
+TEST_P(TypesConformance, DeclaredTypesDecideFieldsAndValues) {
+  struct Row {
+    const char* declaration;
+    const char* literal;
+    FieldType sqlite;
+    FieldType mysql;
+    VariantType value;
+    const char* text;
+  };
+  static constexpr Row kRows[] = {
+      {"INTEGER", "-2147483648", FieldType::Integer, FieldType::Integer, VariantType::Long, "-2147483648"},
+      {"SMALLINT", "32767", FieldType::SmallInt, FieldType::SmallInt, VariantType::Integer, "32767"},
+      {"BIGINT", "9223372036854775807", FieldType::BigInt, FieldType::BigInt, VariantType::LongLong,
+       "9223372036854775807"},
+      {"DOUBLE", "0.1", FieldType::Double, FieldType::Double, VariantType::Double, "0.1"},
+      {"DOUBLE", "2", FieldType::Double, FieldType::Double, VariantType::Double, "2"},
+      {"DECIMAL(12,2)", "1234.5", FieldType::Numeric, FieldType::Numeric, VariantType::Decimal, "1234.5"},
+      {"DECIMAL(12,2)", "-7", FieldType::Numeric, FieldType::Numeric, VariantType::Decimal, "-7"},
+      {"VARCHAR(40)", "'ñandú'", FieldType::VarWChar, FieldType::VarWChar, VariantType::String, "ñandú"},
+      {"VARCHAR(40)", "''", FieldType::VarWChar, FieldType::VarWChar, VariantType::String, ""},
+      {"TEXT", "'007'", FieldType::LongVarWChar, FieldType::LongVarWChar, VariantType::String, "007"},
+      {"DATE", "'2012-03-07'", FieldType::Date, FieldType::Date, VariantType::Date, "03/07/2012"},
+      {"DATETIME", "'2012-03-07 10:42:07'", FieldType::DbTimeStamp, FieldType::DbTimeStamp, VariantType::Date,
+       "03/07/2012 10:42:07"},
+      {"TIME", "'23:59:59'", FieldType::DbTime, FieldType::DbTime, VariantType::Date, "23:59:59"},
+  };
+  int at = 0;
+  for (const Row& row : kRows) {
+    SCOPED_TRACE(std::string(row.declaration) + " " + row.literal);
+    const std::string table = "t" + std::to_string(++at);
+    connection_->Execute("CREATE TABLE " + table + " (id INTEGER PRIMARY KEY, v " + row.declaration + ")");
+    connection_->Execute("INSERT INTO " + table + " VALUES (1, " + row.literal + "), (2, NULL)");
+    const auto rows = open("SELECT v FROM " + table + " ORDER BY id");
+    EXPECT_EQ(rows->Fields(0).Type(), GetParam().isMySql() ? row.mysql : row.sqlite);
+    EXPECT_EQ(rows->Fields(0).Value().type(), row.value);
+    EXPECT_EQ(rows->Fields(0).Value().toText(), row.text);
+    rows->MoveNext();
+    EXPECT_TRUE(rows->Fields(0).Value().isNull());
+  }
+}
+
+TEST_P(TypesConformance, ValuesSurviveWritingThroughARecordset) {
+  connection_->Execute(
+      "CREATE TABLE v (id INTEGER PRIMARY KEY, d DOUBLE, n DECIMAL(20,4), t VARCHAR(50), f DATETIME, b " +
+      std::string(GetParam().isMySql() ? "LONGBLOB" : "BLOB") + ")");
+  std::string allBytes;
+  for (int i = 0; i < 256; ++i) allBytes.push_back(static_cast<char>(i));
+  const std::pair<const char*, Variant> kValues[] = {
+      {"d", 0.1 + 0.2},
+      {"d", -1.7976931348623157e308},
+      {"n", *Decimal::fromText("1234567890.1234")},
+      {"t", "O'Higgins \\' \" ; -- ñ 🧾"},
+      {"f", Date::fromCivil(1899, 12, 1, {23, 59, 58})},
+      {"f", Date::fromCivil(2012, 3, 7, {10, 42, 7})},
+      {"b", allBytes},
+  };
+  int id = 0;
+  for (const auto& [field, value] : kValues) {
+    SCOPED_TRACE(std::string(field) + " " + std::to_string(++id));
+    const auto rows = openForEditing("SELECT * FROM v");
+    rows->AddNew();
+    rows->Fields("id").setValue(id);
+    rows->Fields(field).setValue(value);
+    rows->Update();
+    const auto back = open("SELECT " + std::string(field) + " FROM v WHERE id = " + std::to_string(id));
+    if (const auto* bytes = value.getIf<std::string>()) {
+      EXPECT_EQ(*back->Fields(0).Value().getIf<std::string>(), *bytes);
+    } else {
+      EXPECT_TRUE(equals(back->Fields(0).Value(), value)) << back->Fields(0).Value().toText();
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, TypesConformance, testing::ValuesIn(engines()), engineName);
+
+}  // namespace
+}  // namespace qvn::test

@@ -1,0 +1,50 @@
+#include "qvn/data/iso_date.h"
+
+#include <gtest/gtest.h>
+
+namespace qvn::data {
+namespace {
+
+TEST(IsoDate, ReadsWhatEnginesWrite) {
+  struct Row {
+    const char* text;
+    double serial;
+  };
+  static constexpr Row kRows[] = {
+      {"1899-12-30", 0},
+      {"2012-03-07", 40975},
+      {"2012-03-07 12:00:00", 40975.5},
+      {"2012-03-07T12:00", 40975.5},
+      {"2012-03-07 00:00:43.2", 40975.0005},
+      {"1899-12-29 06:00:00", -1.25},
+      {"18:00:00", 0.75},
+      {"0100-01-01", -657434},
+  };
+  for (const Row& row : kRows) {
+    SCOPED_TRACE(row.text);
+    const auto date = parseIsoDate(row.text);
+    ASSERT_TRUE(date);
+    EXPECT_DOUBLE_EQ(date->serial(), row.serial);
+  }
+}
+
+TEST(IsoDate, RefusesEverythingElse) {
+  for (const char* text :
+       {"", "0000-00-00", "2012-13-01", "2012-02-30", "2012-3-7", "2012-03-07 ", "2012-03-07 1:00:00", "2012-03-07x",
+        "24:00:00", "12:60:00", "12:00:60", "12:00:00x", "-838:59:59", "12:00:1e1", "12:", "ayer", "20120307"}) {
+    EXPECT_FALSE(parseIsoDate(text)) << text;
+  }
+}
+
+TEST(IsoDate, WritesAndReadsBack) {
+  for (const double serial : {-657434.0, -1.25, 0.0, 0.75, 40975.446, 2958465.999}) {
+    const Date date(serial);
+    const auto back = parseIsoDate(isoDateTime(date));
+    ASSERT_TRUE(back);
+    EXPECT_NEAR(back->serial(), serial, 0.6 / 86400);
+  }
+  EXPECT_EQ(isoDateTime(Date::fromCivil(105, 2, 3, {4, 5, 6})), "0105-02-03 04:05:06");
+}
+
+}  // namespace
+}  // namespace qvn::data
