@@ -10,7 +10,7 @@ enum class DateOrder { DayMonthYear, MonthDayYear, YearMonthDay };
 
 struct RegionalSettings {
   std::string decimalSeparator = ".";    ///< UTF-8, never empty
-  std::string thousandsSeparator = ",";  ///< UTF-8; "," (or "." beside a decimal ",") where the locale has none
+  std::string thousandsSeparator = ",";  ///< UTF-8; beside a decimal "." a "," where the locale has none or a blank
   std::string dateSeparator = "/";
   DateOrder dateOrder = DateOrder::MonthDayYear;
   bool usesTwelveHours = false;

@@ -1,6 +1,7 @@
 // Regional settings from the POSIX locale of the calling thread.
 #include <langinfo.h>
 
+#include <algorithm>
 #include <array>
 #include <climits>
 #include <clocale>
@@ -90,6 +91,15 @@ void readDateFormat(std::string_view format, RegionalSettings& settings) {
   if (!separator.empty()) settings.dateSeparator = std::move(separator);
 }
 
+// What the locale groups digits with. Some locales with a decimal point, Mexico's among them, name a narrow blank;
+// people there type and expect a comma, and a number that they typed so must not be refused.
+std::string thousandsSeparator(std::string named, const std::string& decimal) {
+  static constexpr std::string_view kBlanks[] = {"", " ", "\u00A0", "\u2009", "\u202F"};
+  if (std::ranges::find(kBlanks, named) == std::end(kBlanks)) return named;
+  if (decimal == ".") return ",";
+  return named.empty() ? "." : named;
+}
+
 }  // namespace
 
 std::string decimalSeparator() {
@@ -100,8 +110,7 @@ std::string decimalSeparator() {
 RegionalSettings regionalSettings() {
   RegionalSettings settings;
   settings.decimalSeparator = decimalSeparator();
-  settings.thousandsSeparator = langinfo(THOUSEP);
-  if (settings.thousandsSeparator.empty()) settings.thousandsSeparator = settings.decimalSeparator == "," ? "." : ",";
+  settings.thousandsSeparator = thousandsSeparator(langinfo(THOUSEP), settings.decimalSeparator);
   readDateFormat(localeText(nl_langinfo(D_FMT)), settings);
   const std::string_view time = nl_langinfo(T_FMT);
   settings.usesTwelveHours = time.find("%r") != std::string_view::npos || time.find("%I") != std::string_view::npos ||

@@ -36,14 +36,6 @@ bool Variant::isNumeric() const noexcept {
   return false;
 }
 
-void Variant::assignText(std::string_view text) {
-  if (auto* held = std::get_if<std::string>(&value_)) {
-    held->assign(text);
-  } else {
-    value_.emplace<std::string>(text);
-  }
-}
-
 Decimal Variant::fromUnsigned(std::uint64_t value) { return *Decimal::fromText(std::to_string(value)); }
 
 }  // namespace qvn

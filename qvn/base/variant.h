@@ -91,6 +91,15 @@ class Variant {
   requires(!std::same_as<Number, char>) Variant(Number value)
       : value_(fromIntegral(value)) {}  // NOLINT(google-explicit-constructor)
 
+  /// Stores a number of exactly this type; in place when one of the same type is held, as in a column's rows.
+  template <typename Number>
+  requires(std::same_as<Number, bool> || std::same_as<Number, std::int16_t> || std::same_as<Number, std::int32_t> ||
+           std::same_as<Number, std::int64_t> || std::same_as<Number, double> || std::same_as<Number, Date>) Variant&
+  operator=(Number value) noexcept {
+    value_ = value;
+    return *this;
+  }
+
   [[nodiscard]] VariantType type() const noexcept;
   [[nodiscard]] bool isEmpty() const noexcept { return std::holds_alternative<Empty>(value_); }
   [[nodiscard]] bool isNull() const noexcept { return std::holds_alternative<Null>(value_); }
@@ -106,7 +115,13 @@ class Variant {
   [[nodiscard]] const Storage& storage() const noexcept { return value_; }
 
   /// Stores text in place; memory of a text held before is used again.
-  void assignText(std::string_view text);
+  void assignText(std::string_view text) {
+    if (auto* held = std::get_if<std::string>(&value_)) {
+      held->assign(text);
+    } else {
+      value_.emplace<std::string>(text);
+    }
+  }
 
   // Conversions by the platform's rules. All throw RuntimeError 94 for Null, 13 for text that is not a number and for
   // arrays and objects, and 6 when the value is out of range. Fractions are rounded half to even. True is -1.
