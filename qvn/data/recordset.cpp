@@ -148,13 +148,14 @@ Field& Recordset::Fields(std::string_view name) {
 
 const Variant& Recordset::valueOf(std::size_t index) const {
   Opened& open = opened();
-  if (open.mode != EditMode::None && open.edits[index]) return *open.edits[index];
-  requireRow();
-  if (open.mode == EditMode::Add) {
-    static const Variant kEmpty;
-    return kEmpty;
+  if (open.mode == EditMode::None) [[likely]] {
+    if (const Variant* value = open.rows->value(index)) return *value;
+  } else if (open.edits[index]) {
+    return *open.edits[index];
   }
-  return open.connection->keepingErrors([&]() -> const Variant& { return open.rows->value(index); });
+  requireRow();
+  static const Variant kEmpty;
+  return open.mode == EditMode::Add ? kEmpty : *open.rows->value(index);
 }
 
 void Recordset::requireWritable() {

@@ -48,7 +48,7 @@ void Recordset::changeRow() {
   Opened& open = opened();
   const internal::EditContext context{open.connection->session(), open.cursor->columns(), open.origins};
   requireChanged(write(internal::updateStatement(
-      context, open.edits, [&](std::size_t i) -> const Variant& { return open.rows->value(i); })));
+      context, open.edits, [&](std::size_t i) -> const Variant& { return *open.rows->value(i); })));
   for (std::size_t i = 0; i < open.edits.size(); ++i) {
     if (open.edits[i]) open.rows->assign(i, *std::move(open.edits[i]));
   }
@@ -82,7 +82,7 @@ void Recordset::Delete() {
   requireRow();
   const internal::EditContext context{open.connection->session(), open.cursor->columns(), open.origins};
   requireChanged(
-      write(internal::deleteStatement(context, [&](std::size_t i) -> const Variant& { return open.rows->value(i); })));
+      write(internal::deleteStatement(context, [&](std::size_t i) -> const Variant& { return *open.rows->value(i); })));
   open.mode = EditMode::None;
   open.rows->removeCurrent();
 }

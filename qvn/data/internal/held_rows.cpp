@@ -24,7 +24,7 @@ class HeldRows final : public RowSource {
   void first() override { jump(0); }
   void last() override { jump(size() - 1); }
 
-  const Variant& value(std::size_t column) override { return current()[column]; }
+  const Variant* value(std::size_t column) override { return hasRow() ? &current()[column] : nullptr; }
   void assign(std::size_t column, Variant value) override { current()[column] = std::move(value); }
   void append(std::vector<Variant> row) override {
     rows_.push_back(std::move(row));

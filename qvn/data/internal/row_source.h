@@ -28,8 +28,8 @@ class RowSource {
   virtual void first() = 0;
   virtual void last() = 0;
 
-  /// A value of the current row, which must exist.
-  virtual const Variant& value(std::size_t column) = 0;
+  /// A value of the current row, good until the next move; null when there is no row.
+  virtual const Variant* value(std::size_t column) = 0;
   /// What the row holds from now on, after it was saved.
   virtual void assign(std::size_t column, Variant value) = 0;
   /// Takes in a row that was inserted; a held one becomes the current row.

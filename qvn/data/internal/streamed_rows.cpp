@@ -34,13 +34,14 @@ class StreamedRows final : public RowSource {
   void first() override { refuseMove(); }
   void last() override { refuseMove(); }
 
-  const Variant& value(std::size_t column) override {
+  const Variant* value(std::size_t column) override {
+    if (!hasRow_) return nullptr;
     Cell& cell = cells_[column];
     if (cell.row != row_) {
       cursor_.read(column, cell.value);
       cell.row = row_;
     }
-    return cell.value;
+    return &cell.value;
   }
   void assign(std::size_t column, Variant value) override { cells_[column] = {std::move(value), row_}; }
   void append(std::vector<Variant> /*row*/) override {}

@@ -25,7 +25,7 @@ constexpr ColumnKind kNumeric{FieldType::Numeric, ValueKind::Decimal};
 constexpr ColumnKind kInteger{FieldType::Integer, ValueKind::Long};
 constexpr ColumnKind kUnsignedInteger{FieldType::UnsignedInt, ValueKind::LongLong};
 constexpr ColumnKind kDate{FieldType::Date, ValueKind::Date};
-constexpr ColumnKind kTimeStamp{FieldType::DbTimeStamp, ValueKind::DateTime};
+constexpr ColumnKind kTimeStamp{FieldType::DbTimeStamp, ValueKind::Date};
 constexpr ColumnKind kTime{FieldType::DbTime, ValueKind::Time};
 constexpr ColumnKind kVarText{FieldType::VarWChar, ValueKind::Text};
 constexpr ColumnKind kVarBytes{FieldType::VarBinary, ValueKind::Text};
@@ -45,7 +45,7 @@ constexpr auto kTypeRules = std::to_array<TypeRule>({
     {MYSQL_TYPE_NULL,        {FieldType::VarWChar, ValueKind::Null}, {FieldType::VarWChar, ValueKind::Null}},
     {MYSQL_TYPE_TIMESTAMP,   kTimeStamp, kTimeStamp},
     {MYSQL_TYPE_LONGLONG,    {FieldType::BigInt, ValueKind::LongLong},
-                             {FieldType::UnsignedBigInt, ValueKind::UnsignedLongLong}},
+                             {FieldType::UnsignedBigInt, ValueKind::Decimal}},
     {MYSQL_TYPE_INT24,       kInteger, kUnsignedInteger},
     {MYSQL_TYPE_DATE,        kDate, kDate},
     {MYSQL_TYPE_TIME,        kTime, kTime},
@@ -70,8 +70,6 @@ constexpr auto kTypeRules = std::to_array<TypeRule>({
 static_assert(std::ranges::is_sorted(kTypeRules, std::less_equal{}, &TypeRule::type));
 
 bool has(const MYSQL_FIELD& field, unsigned flag) { return (field.flags & flag) != 0; }
-
-bool isText(ColumnKind kind) { return kind.kind == ValueKind::Text && !isBinary(kind.type); }
 
 // Digits of a DECIMAL: its width without the point and the sign.
 int decimalDigits(const MYSQL_FIELD& field) {
@@ -98,11 +96,9 @@ Column describeColumn(const MYSQL_FIELD& field) {
   Column column;
   column.name.assign(field.name, field.name_length);
   column.type = kind.type;
-  if (isText(kind)) {
-    column.definedSize = static_cast<std::int64_t>(field.length / kBytesPerCharacter);
-  } else if (kind.kind == ValueKind::Text) {
-    column.definedSize = static_cast<std::int64_t>(field.length);
-  } else if (kind.kind == ValueKind::Decimal) {
+  if (kind.kind == ValueKind::Text) {
+    column.definedSize = static_cast<std::int64_t>(field.length / (isBinary(kind.type) ? 1 : kBytesPerCharacter));
+  } else if (kind.type == FieldType::Numeric) {
     column.precision = decimalDigits(field);
     column.scale = static_cast<int>(field.decimals);
   }

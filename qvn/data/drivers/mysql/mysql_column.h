@@ -13,14 +13,12 @@ enum class ValueKind {
   Integer,
   Long,
   LongLong,
-  UnsignedLongLong,  ///< a Decimal
   Single,
   Double,
   Decimal,
   Boolean,  ///< one bit
   Bits,     ///< up to eight bytes, the highest first; a Decimal
-  Date,
-  DateTime,
+  Date,     ///< with or without a time
   Time,
   Text,  ///< texts and bytes
 };

@@ -79,7 +79,6 @@ void readValue(ValueKind kind, std::string_view text, Variant& value) {
     case ValueKind::Double:
       readNumber<double>(text, value);
       break;
-    case ValueKind::UnsignedLongLong:
     case ValueKind::Decimal:
       readParsed(Decimal::fromText(text), text, value);
       break;
@@ -90,7 +89,6 @@ void readValue(ValueKind kind, std::string_view text, Variant& value) {
       value = bits(text);
       break;
     case ValueKind::Date:
-    case ValueKind::DateTime:
       readMoment(text, value);
       break;
     case ValueKind::Time:

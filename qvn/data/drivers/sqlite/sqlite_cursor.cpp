@@ -1,5 +1,6 @@
 #include "qvn/data/drivers/sqlite/sqlite_cursor.h"
 
+#include <cmath>
 #include <limits>
 #include <string_view>
 
@@ -36,15 +37,15 @@ Column describe(sqlite3_stmt* statement, int index) {
   return column;
 }
 
-std::string_view textAt(sqlite3_stmt* statement, int index) {
+std::string_view textOf(sqlite3_value* cell) {
   // In this order: the first call may convert the text, the second one then tells its length in UTF-8.
-  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, index));
-  return {text == nullptr ? "" : text, static_cast<std::size_t>(sqlite3_column_bytes(statement, index))};
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(cell));
+  return {text == nullptr ? "" : text, static_cast<std::size_t>(sqlite3_value_bytes(cell))};
 }
 
-std::string_view bytesAt(sqlite3_stmt* statement, int index) {
-  const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, index));
-  return {bytes == nullptr ? "" : bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, index))};
+std::string_view bytesOf(sqlite3_value* cell) {
+  const auto* bytes = static_cast<const char*>(sqlite3_value_blob(cell));
+  return {bytes == nullptr ? "" : bytes, static_cast<std::size_t>(sqlite3_value_bytes(cell))};
 }
 
 template <typename Whole>
@@ -54,17 +55,32 @@ bool fits(std::int64_t number) {
 
 // The narrowest type from the declared one up, since the engine stores whole numbers of any size in any column.
 void readWhole(std::int64_t number, FieldType type, Variant& value) {
-  if (type == FieldType::Boolean) {
-    value = number != 0;
-  } else if (type == FieldType::Numeric) {
-    value = Decimal::fromInteger(number);
-  } else if (type == FieldType::Double) {
-    value = static_cast<double>(number);
-  } else if (type == FieldType::Currency && fits<std::int32_t>(number)) {
-    value = Currency::fromScaled(number * Currency::kScale);
-  } else if ((type == FieldType::SmallInt || type == FieldType::TinyInt) && fits<std::int16_t>(number)) {
-    value = static_cast<std::int16_t>(number);
-  } else if (type != FieldType::BigInt && fits<std::int32_t>(number)) {
+  switch (type) {
+    case FieldType::BigInt:
+      value = number;
+      return;
+    case FieldType::Double:
+      value = static_cast<double>(number);
+      return;
+    case FieldType::Boolean:
+      value = number != 0;
+      return;
+    case FieldType::Numeric:
+      value = Decimal::fromInteger(number);
+      return;
+    case FieldType::Currency:
+      if (!fits<std::int32_t>(number)) break;
+      value = Currency::fromScaled(number * Currency::kScale);
+      return;
+    case FieldType::SmallInt:
+    case FieldType::TinyInt:
+      if (!fits<std::int16_t>(number)) break;
+      value = static_cast<std::int16_t>(number);
+      return;
+    default:
+      break;
+  }
+  if (fits<std::int32_t>(number)) {
     value = static_cast<std::int32_t>(number);
   } else {
     value = number;
@@ -73,10 +89,12 @@ void readWhole(std::int64_t number, FieldType type, Variant& value) {
 
 void readReal(double number, FieldType type, Variant& value) {
   // Infinities and amounts beyond the exact types stay Doubles.
+  constexpr double kLargestNumeric = 1e60;
   constexpr double kLargestCurrency = 9e14;
-  if (type == FieldType::Numeric && number > -1e60 && number < 1e60) {
+  const double size = std::abs(number);
+  if (type == FieldType::Numeric && size < kLargestNumeric) {
     value = Decimal::fromDouble(number);
-  } else if (type == FieldType::Currency && number > -kLargestCurrency && number < kLargestCurrency) {
+  } else if (type == FieldType::Currency && size < kLargestCurrency) {
     value = Currency::fromDouble(number);
   } else {
     value = number;
@@ -84,18 +102,23 @@ void readReal(double number, FieldType type, Variant& value) {
 }
 
 void readText(std::string_view text, FieldType type, Variant& value) {
-  const bool isDate = type == FieldType::Date || type == FieldType::DbTimeStamp || type == FieldType::DbTime;
-  if (isDate) {
-    if (const auto date = parseIsoDate(text)) {
-      value = *date;
-      return;
-    }
-  }
-  if (type == FieldType::Numeric) {
-    if (auto decimal = Decimal::fromText(text)) {
-      value = *std::move(decimal);
-      return;
-    }
+  switch (type) {
+    case FieldType::Date:
+    case FieldType::DbTimeStamp:
+    case FieldType::DbTime:
+      if (const auto date = parseIsoDate(text)) {
+        value = *date;
+        return;
+      }
+      break;
+    case FieldType::Numeric:
+      if (auto decimal = Decimal::fromText(text)) {
+        value = *std::move(decimal);
+        return;
+      }
+      break;
+    default:
+      break;
   }
   value.assignText(text);
 }
@@ -134,24 +157,24 @@ bool SqliteCursor::next() {
 }
 
 void SqliteCursor::read(std::size_t column, Variant& value) {
-  const int index = static_cast<int>(column);
-  sqlite3_stmt* statement = statement_.get();
+  // Reading through the cell asks for it once. That takes a session used by one thread at a time, which it is.
+  sqlite3_value* cell = sqlite3_column_value(statement_.get(), static_cast<int>(column));
   const FieldType type = columns_[column].type;
-  switch (sqlite3_column_type(statement, index)) {
+  switch (sqlite3_value_type(cell)) {
     case SQLITE_INTEGER:
-      readWhole(sqlite3_column_int64(statement, index), type, value);
+      readWhole(sqlite3_value_int64(cell), type, value);
       break;
     case SQLITE_FLOAT:
-      readReal(sqlite3_column_double(statement, index), type, value);
+      readReal(sqlite3_value_double(cell), type, value);
       break;
     case SQLITE_NULL:
       value = Null{};
       break;
     case SQLITE_BLOB:
-      value.assignText(bytesAt(statement, index));
+      value.assignText(bytesOf(cell));
       break;
     default:
-      readText(textAt(statement, index), type, value);
+      readText(textOf(cell), type, value);
       break;
   }
 }
