@@ -62,7 +62,8 @@ std::string writeExponent(const Scientific& number) {
   std::string text(number.negative ? "-" : "");
   text.push_back(number.digits[0]);
   if (number.count > 1) text.append(".").append(number.digits.data() + 1, static_cast<std::size_t>(number.count - 1));
-  return text.append(number.exponent < 0 ? "E-" : "E+").append(std::to_string(std::abs(number.exponent)));
+  text.append(number.exponent < 0 ? "E-" : "E+").append(std::to_string(std::abs(number.exponent)));
+  return text;
 }
 
 std::string writePlain(const Scientific& number) {
@@ -73,8 +74,12 @@ std::string writePlain(const Scientific& number) {
     return text;
   }
   const auto whole = static_cast<std::size_t>(number.exponent + 1);
-  if (count <= whole) return text.append(number.digits.data(), count).append(whole - count, '0');
-  return text.append(number.digits.data(), whole).append(".").append(number.digits.data() + whole, count - whole);
+  if (count <= whole) {
+    text.append(number.digits.data(), count).append(whole - count, '0');
+  } else {
+    text.append(number.digits.data(), whole).append(".").append(number.digits.data() + whole, count - whole);
+  }
+  return text;
 }
 
 // A value below 1 whose digits reach past the last decimal that is shown.

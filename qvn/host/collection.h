@@ -40,7 +40,7 @@ class Collection final : public Object {
     using reference = const Variant&;
 
     Iterator() = default;
-    explicit Iterator(Entries::const_iterator at) : at_(at) {}
+    explicit Iterator(const Entries::const_iterator& at) : at_(at) {}
 
     reference operator*() const { return (*at_)->value; }
     pointer operator->() const { return &(*at_)->value; }

@@ -33,7 +33,9 @@ PathParts partsOf(std::string_view path) {
   return {isRoot ? folder.substr(0, 1) : folder.substr(0, folderEnd + 1), path.substr(nameStart)};
 }
 
-bool endsInSeparator(std::string_view path) { return !path.empty() && kSeparators.find(path.back()) != path.npos; }
+bool endsInSeparator(std::string_view path) {
+  return !path.empty() && kSeparators.find(path.back()) != std::string_view::npos;
+}
 
 fs::path nativePath(const FileAttempt& attempt) {
   if (attempt.path.empty()) throw fileError(error_number::kBadFileName, attempt);
@@ -68,7 +70,7 @@ std::string targetOf(std::string_view source, std::string_view destination) {
 bool fitsPattern(std::string_view name, std::string_view pattern) {
   std::size_t n = 0;
   std::size_t p = 0;
-  std::size_t star = pattern.npos;  // the last "*" met; what it stands for ends at `starEnd`
+  std::size_t star = std::string_view::npos;  // the last "*" met; what it stands for ends at `starEnd`
   std::size_t starEnd = 0;
   while (n < name.size()) {
     if (p < pattern.size() && pattern[p] == '*') {
@@ -80,7 +82,7 @@ bool fitsPattern(std::string_view name, std::string_view pattern) {
     } else if (p < pattern.size() && pattern[p] == name[n]) {
       ++p;
       ++n;
-    } else if (star != pattern.npos) {
+    } else if (star != std::string_view::npos) {
       p = star + 1;
       starEnd += utf8::decode(name, starEnd).length;
       n = starEnd;
@@ -88,7 +90,7 @@ bool fitsPattern(std::string_view name, std::string_view pattern) {
       return false;
     }
   }
-  return pattern.find_first_not_of('*', p) == pattern.npos;
+  return pattern.find_first_not_of('*', p) == std::string_view::npos;
 }
 
 // The files that fit are listed before any is deleted, because deleting may disturb a listing.
@@ -145,7 +147,7 @@ std::string FileSystemObject::GetBaseName(std::string_view path) const {
 std::string FileSystemObject::GetExtensionName(std::string_view path) const {
   const std::string_view name = partsOf(path).name;
   const std::size_t point = name.rfind('.');
-  return std::string(point == name.npos ? std::string_view() : name.substr(point + 1));
+  return std::string(point == std::string_view::npos ? std::string_view() : name.substr(point + 1));
 }
 
 std::string FileSystemObject::GetParentFolderName(std::string_view path) const {
@@ -194,7 +196,7 @@ void FileSystemObject::DeleteFolder(std::string_view path) const {
 void FileSystemObject::DeleteFile(std::string_view path) const {
   const FileAttempt attempt{"borrar el archivo", path};
   std::vector<fs::path> files;
-  if (partsOf(path).name.find_first_of(kWildcards) != path.npos) {
+  if (partsOf(path).name.find_first_of(kWildcards) != std::string_view::npos) {
     files = fittingFiles(attempt);
   } else if (!FolderExists(path)) {
     files = {nativePath(attempt)};

@@ -12,7 +12,7 @@
 namespace qvn::host {
 namespace {
 
-constexpr std::size_t kBlockBytes = 64 * 1024;
+constexpr std::size_t kBlockBytes = 65536;
 constexpr std::string_view kLineEnd = "\r\n";
 
 constexpr FileAttempt opening(std::string_view path) { return {"abrir el archivo", path}; }
@@ -104,7 +104,7 @@ bool TextStream::AtEndOfStream() {
 
 void TextStream::Write(std::string_view text) {
   requireOpen(false);
-  if (text.empty()) return;
+  if (text.empty()) return;  // its address may be null, which fwrite does not take
   if (std::fwrite(text.data(), 1, text.size(), file_.get()) < text.size()) {
     throw fileError(lastError(), writing(path_));
   }
@@ -133,7 +133,7 @@ void TextStream::Close() {
 void TextStream::requireOpen(bool forReading) const {
   const FileAttempt attempt = forReading ? reading(path_) : writing(path_);
   if (!file_) throw fileError(error_number::kObjectNotSet, attempt);
-  if (isReading_ != forReading) throw fileError(file_error_number::kBadFileMode, attempt);
+  if (isReading_ != forReading) throw fileError(error_number::kBadFileMode, attempt);
 }
 
 void TextStream::requireMore() {

@@ -21,10 +21,10 @@ constexpr auto kCodeRules = std::to_array<CodeRule>({
     {std::errc::filename_too_long, error_number::kBadFileName},
     {std::errc::illegal_byte_sequence, error_number::kBadFileName},
     {std::errc::file_exists, error_number::kFileExists},
-    {std::errc::no_space_on_device, file_error_number::kDiskFull},
-    {std::errc::file_too_large, file_error_number::kDiskFull},
-    {std::errc::too_many_files_open, file_error_number::kTooManyFiles},
-    {std::errc::too_many_files_open_in_system, file_error_number::kTooManyFiles},
+    {std::errc::no_space_on_device, error_number::kDiskFull},
+    {std::errc::file_too_large, error_number::kDiskFull},
+    {std::errc::too_many_files_open, error_number::kTooManyFiles},
+    {std::errc::too_many_files_open_in_system, error_number::kTooManyFiles},
     {std::errc::permission_denied, error_number::kPermissionDenied},
     {std::errc::operation_not_permitted, error_number::kPermissionDenied},
     {std::errc::read_only_file_system, error_number::kPermissionDenied},
@@ -48,7 +48,7 @@ std::int32_t numberOf(const std::error_code& code, const FileAttempt& attempt) {
     return missingNumber(attempt.target.empty() ? attempt.path : attempt.target);
   }
   const auto* rule = std::ranges::find_if(kCodeRules, [&code](const CodeRule& row) { return code == row.code; });
-  return rule == kCodeRules.end() ? file_error_number::kDeviceError : rule->number;
+  return rule == kCodeRules.end() ? error_number::kDeviceError : rule->number;
 }
 
 std::string describe(std::int32_t number, const FileAttempt& attempt) {

@@ -9,13 +9,6 @@
 
 namespace qvn::host {
 
-namespace file_error_number {
-inline constexpr std::int32_t kBadFileMode = 54;
-inline constexpr std::int32_t kDeviceError = 57;
-inline constexpr std::int32_t kDiskFull = 61;
-inline constexpr std::int32_t kTooManyFiles = 67;
-}  // namespace file_error_number
-
 /// What was tried: "abrir el archivo", on which path, and with which second path when there are two. Paths as the host
 /// gave them.
 struct FileAttempt {
