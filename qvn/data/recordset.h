@@ -85,9 +85,7 @@ class Recordset : public Object {
   /// By position from 0. Throws ProviderError kNoSuchItem.
   Field& Fields(std::size_t index);
   // A literal 0 would otherwise be taken for a null name as well.
-  Field& Fields(int index) {
-    return Fields(static_cast<std::size_t>(index));
-  }
+  Field& Fields(int index) { return Fields(static_cast<std::size_t>(index)); }
   [[nodiscard]] std::size_t FieldCount() const;
 
   /// Starts a new row, whose fields are Empty until they are set; Update inserts it.

@@ -1,5 +1,5 @@
-// Any bytes as a connection string: parsing ends in a value or in a ProviderError, and what people are shown never holds
-// a value that only the password has.
+// Any bytes as a connection string: parsing ends in a value or in a ProviderError, and what people are shown never
+// holds a value that only the password has.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
