@@ -1,0 +1,26 @@
+#include "apps/qvn/commands.h"
+
+#include <algorithm>
+#include <array>
+
+namespace qvn::cli {
+namespace {
+
+constexpr auto kCommands = std::to_array<const Command*>({
+    &kDemoCommand,
+    &kSaldoCommand,
+    &kPorAplicarCommand,
+    &kSqlCommand,
+    &kFormatoCommand,
+});
+
+}  // namespace
+
+std::span<const Command* const> allCommands() { return kCommands; }
+
+const Command* findCommand(std::string_view name) {
+  const auto* found = std::ranges::find(kCommands, name, &Command::name);
+  return found == kCommands.end() ? nullptr : *found;
+}
+
+}  // namespace qvn::cli

@@ -1,0 +1,23 @@
+// The commands of the program.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "apps/qvn/command.h"
+
+namespace qvn::cli {
+
+extern const Command kDemoCommand;
+extern const Command kSaldoCommand;
+extern const Command kPorAplicarCommand;
+extern const Command kSqlCommand;
+extern const Command kFormatoCommand;
+
+/// All of them, in the order in which help lists them.
+std::span<const Command* const> allCommands();
+
+/// Null when there is none of that name.
+const Command* findCommand(std::string_view name);
+
+}  // namespace qvn::cli

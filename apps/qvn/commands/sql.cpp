@@ -1,0 +1,92 @@
+// qvn sql: runs one statement and shows its rows.
+#include <algorithm>
+#include <array>
+
+#include "apps/qvn/commands.h"
+#include "apps/qvn/connect.h"
+#include "apps/qvn/row_writer.h"
+#include "apps/qvn/terminal_text.h"
+
+namespace qvn::cli {
+namespace {
+
+constexpr std::string_view kDescription = R"(
+Ejecuta una sentencia SQL tal como se escribe y muestra los registros que
+devuelve, o cuántos registros cambió. La sentencia es un argumento entre
+comillas, o se lee de la entrada estándar cuando falta o es «-».
+
+En la tabla los números llevan el separador decimal de su configuración
+regional, un nulo es <NULL>, los caracteres de control se ven como \n o \x1B y
+los textos de más de 40 columnas terminan en «…». En csv y json los números
+llevan punto, las fechas son AAAA-MM-DD y los textos van completos; en csv, que
+sigue el RFC 4180, un nulo no es nada y un texto vacío es "". En json hay un
+objeto por línea.
+)";
+
+constexpr std::string_view kExamples = R"(
+  qvn sql -c 'Provider=SQLite;Data Source=demo-qvn/tienda.db' \
+          "SELECT cobranza, saldo FROM cobranza WHERE estado = 'P'"
+      los documentos pendientes de la tienda que deja «qvn demo»
+  qvn sql --formato csv < consulta.sql > saldos.csv
+      la sentencia de un archivo, en la base de QVN_CONEXION, para otro programa
+)";
+
+constexpr Option kFormatOption{"formato", 'f', "FORMATO", "tabla (la usual), csv o json"};
+constexpr Option kWholeOption{"completo", 0, "", "muestra en la tabla los textos completos"};
+constexpr auto kOptions = std::to_array<Option>({kConnectionOption, kFormatOption, kWholeOption, kTraceOption});
+
+constexpr std::size_t kWidestText = 40;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+std::string givenStatement(const Arguments& arguments) {
+  if (arguments.operands().size() > 1) throw UsageError("la sentencia es un solo argumento; póngala entre comillas");
+  const bool isOperand = !arguments.operands().empty() && arguments.operands().front() != "-";
+  if (isOperand) return std::string(arguments.operands().front());
+  if (arguments.operands().empty() && isInputTerminal()) throw UsageError("falta la sentencia");
+  return readStandardInput();
+}
+
+std::string readStatement(const Arguments& arguments) {
+  std::string statement = givenStatement(arguments);
+  if (statement.starts_with(kByteOrderMark)) statement.erase(0, kByteOrderMark.size());
+  if (statement.find_first_not_of(" \t\r\n") == std::string::npos) throw UsageError("la sentencia está vacía");
+  return statement;
+}
+
+const RowFormat& chosenFormat(const Arguments& arguments) {
+  const std::string_view name = arguments.value(kFormatOption.name).value_or(rowFormats().front().name);
+  const auto found = std::ranges::find(rowFormats(), name, &RowFormat::name);
+  if (found == rowFormats().end())
+    throw UsageError("no existe el formato «" + safeText(name) + "»; hay tabla, csv y json");
+  return *found;
+}
+
+std::string rowCount(std::int64_t count) { return std::to_string(count) + (count == 1 ? " registro" : " registros"); }
+
+ExitStatus runSql(const Arguments& arguments, Context& context) {
+  const RowFormat& format = chosenFormat(arguments);
+  const bool isTable = &format == &rowFormats().front();
+  const std::string statement = readStatement(arguments);
+  const data::ConnectionPtr connection = connect(arguments, context);
+
+  std::int64_t affected = 0;
+  const data::RecordsetPtr rows = connection->Execute(statement, affected);
+  if (rows->State() == data::ObjectState::Closed) {
+    // Programs that read csv or json want nothing else there.
+    (isTable ? context.out : context.messages)
+        << rowCount(affected) << (affected == 1 ? " afectado\n" : " afectados\n");
+    return ExitStatus::Done;
+  }
+  const auto writer = format.create(context.out, arguments.has(kWholeOption.name) ? kNoLimit : kWidestText);
+  const std::int64_t count = writer->writeAll(*rows);
+  if (isTable) context.out << "(" << rowCount(count) << ")\n";
+  return ExitStatus::Done;
+}
+
+}  // namespace
+
+constinit const Command kSqlCommand{
+    "sql", "ejecuta una sentencia SQL y muestra sus registros", "[SENTENCIA|-]", kDescription, kOptions, kExamples,
+    runSql};
+
+}  // namespace qvn::cli

@@ -1,0 +1,47 @@
+#include "apps/qvn/connect.h"
+
+#include <cstdlib>
+
+#include "apps/qvn/password_mask.h"
+#include "apps/qvn/terminal_text.h"
+#include "qvn/data/connection_string.h"
+
+namespace qvn::cli {
+
+data::ConnectionPtr connect(const Arguments& arguments, Context& context) {
+  if (const auto given = arguments.value(kConnectionOption.name)) {
+    return connectTo(std::string(*given), arguments, context);
+  }
+  const char* variable = std::getenv("QVN_CONEXION");
+  if (variable == nullptr || *variable == '\0') {
+    throw UsageError(
+        "falta la conexión: désela con -c CADENA o en la variable QVN_CONEXION, por ejemplo\n"
+        "     -c 'Provider=SQLite;Data Source=tienda.db'");
+  }
+  return connectTo(variable, arguments, context);
+}
+
+std::string readableConnection(std::string_view connectionString) {
+  return safeText(maskPasswords(data::withoutPassword(connectionString)));
+}
+
+data::ConnectionPtr connectTo(const std::string& connectionString, const Arguments& arguments, Context& context) {
+  data::ConnectionPtr connection = data::Connection::create();
+  if (arguments.has(kTraceOption.name)) {
+    connection->setStatementObserver([&out = context.out, &messages = context.messages](std::string_view sql) {
+      // In the order in which things happen, where both go to one terminal.
+      out.flush();
+      messages << safeText(sql) << "\n";
+      messages.flush();
+    });
+  }
+  try {
+    connection->Open(connectionString);
+  } catch (const RuntimeError&) {
+    context.messages << "qvn: no se abrió la conexión " << readableConnection(connectionString) << "\n";
+    throw;
+  }
+  return connection;
+}
+
+}  // namespace qvn::cli

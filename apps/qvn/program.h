@@ -1,0 +1,15 @@
+// The program as a whole: finds the command, runs it and turns its failures into messages and an exit status.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "apps/qvn/command.h"
+
+namespace qvn::cli {
+
+/// `words` are the program's arguments without its name. Never throws; `out` is flushed.
+ExitStatus runProgram(std::string_view programName, std::span<const std::string_view> words, Output& out,
+                      Output& messages) noexcept;
+
+}  // namespace qvn::cli

@@ -1,0 +1,51 @@
+// Runs the built program as a person or a script does, and shows what came out.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace qvn::test {
+
+// Members have initializers so that a call names only those that it sets.
+/// One run. Of the tests' own environment it sees neither QVN_CONEXION nor the regional settings, which are those of
+/// "C".
+struct Call {
+  std::vector<std::string> arguments = {};
+  std::string input = {};
+  std::vector<std::string> environment = {};  ///< "NAME=value", over what the tests themselves see
+  std::filesystem::path folder = {};          ///< current folder; that of the tests when empty
+  std::string outputFile = {};                ///< takes the standard output instead of Outcome::out
+  bool hasReader = true;                      ///< false: nobody reads the standard output
+  std::string program = {};                   ///< another program than qvn
+};
+
+struct Outcome {
+  int status = -1;  ///< exit status; the negative number of the signal that ended it
+  std::string out;
+  std::string err;
+};
+
+/// Throws std::runtime_error when the program cannot be started.
+Outcome run(const Call& call);
+
+/// A run of qvn without anything special.
+inline Outcome runQvn(std::vector<std::string> arguments) { return run({.arguments = std::move(arguments)}); }
+
+/// An empty folder, removed with the object.
+class TempFolder {
+ public:
+  TempFolder();
+  ~TempFolder();
+  TempFolder(const TempFolder&) = delete;
+  TempFolder& operator=(const TempFolder&) = delete;
+  [[nodiscard]] const std::filesystem::path& path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+std::string readFile(const std::filesystem::path& file);
+void writeFile(const std::filesystem::path& file, const std::string& text);
+
+}  // namespace qvn::test
