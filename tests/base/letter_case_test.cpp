@@ -1,0 +1,78 @@
+#include "qvn/base/letter_case.h"
+
+#include <gtest/gtest.h>
+#include <wctype.h>
+
+#include <algorithm>
+
+#include "qvn/base/utf8.h"
+#include "tests/support/locale_guard.h"
+
+namespace qvn {
+namespace {
+
+TEST(LetterCase, MapsTexts) {
+  struct Row {
+    const char* why;
+    std::string_view text, upper, lower;
+  };
+  static constexpr Row kRows[] = {
+      {"ASCII", "aZ[`{@/0", "AZ[`{@/0", "az[`{@/0"},
+      {"Spanish", "ñandú ÁÉÍÓÚÜÑ áéíóúü", "ÑANDÚ ÁÉÍÓÚÜÑ ÁÉÍÓÚÜ", "ñandú áéíóúüñ áéíóúü"},
+      {"the ends of Latin-1", "àöøþÿ÷×", "ÀÖØÞŸ÷×", "àöøþÿ÷×"},
+      {"letters without a capital of their own", "ßµıſ\u0149ĸς", "ßµıſ\u0149ĸς", "ßµıſ\u0149ĸς"},
+      {"a capital without a small letter of its own", "İẞ", "İẞ", "İẞ"},
+      {"neighbours of one capital and small letter each", "ĹĺŽžŁł", "ĹĹŽŽŁŁ", "ĺĺžžłł"},
+      {"Greek and Cyrillic", "άλφα Ώ ґяё", "ΆΛΦΑ Ώ ҐЯЁ", "άλφα ώ ґяё"},
+      {"bytes that are not UTF-8", "a\xF1\xC3ñ\x80", "A\xF1\xC3Ñ\x80", "a\xF1\xC3ñ\x80"},
+      {"a NUL", std::string_view("a\0ñ", 4), std::string_view("A\0Ñ", 4), std::string_view("a\0ñ", 4)},
+      {"empty", "", "", ""}};
+  std::string memory = "what was there before, and longer than any of the texts that are to come into its place";
+  for (const Row& row : kRows) {
+    SCOPED_TRACE(row.why);
+    EXPECT_EQ(upperCase(row.text), row.upper);
+    EXPECT_EQ(lowerCase(row.text), row.lower);
+    upperCaseInto(row.text, memory);
+    EXPECT_EQ(memory, row.upper);
+    EXPECT_TRUE(equalIgnoringCase(row.text, row.upper));
+    EXPECT_TRUE(equalIgnoringCase(row.lower, row.text));
+  }
+}
+
+TEST(LetterCase, CapitalsAndSmallLettersAreInverse) {
+  int letters = 0;
+  for (char32_t c = 0; c <= 0x1FFF; ++c) {
+    const char32_t upper = upperCase(c);
+    if (upper != c) {
+      ++letters;
+      ASSERT_EQ(lowerCase(upper), c) << static_cast<unsigned>(c);
+      ASSERT_EQ(upperCase(upper), upper) << static_cast<unsigned>(c);
+    }
+    ASSERT_EQ(upperCase(lowerCase(c)), upper) << static_cast<unsigned>(c);
+  }
+  EXPECT_GT(letters, 400);
+}
+
+// The system's own tables know the same letters, but also the capitals that the header leaves out.
+TEST(LetterCase, AgreesWithTheSystemInItsBlocks) {
+  const test::LocaleGuard guard("es_MX.UTF-8");
+  constexpr std::u32string_view kLeftOut = U"\u00B5\u0131\u017F\u03C2\u1E9B";
+  const std::pair<char32_t, char32_t> blocks[] = {{0, 0x17F}, {0x386, 0x3CE}, {0x400, 0x52F}, {0x1E00, 0x1EFF}};
+  for (const auto& block : blocks) {
+    for (char32_t c = block.first; c <= block.second; ++c) {
+      const bool isLeftOut = kLeftOut.find(c) != std::u32string_view::npos;
+      const auto system = static_cast<char32_t>(towupper(static_cast<wint_t>(c)));
+      ASSERT_EQ(upperCase(c), isLeftOut ? c : system) << static_cast<unsigned>(c);
+    }
+  }
+}
+
+TEST(LetterCase, UnequalTexts) {
+  const std::pair<std::string_view, std::string_view> rows[] = {
+      {"n", "ñ"},    {"a", "ab"},      {"ab", "a"},        {"", "a"},       {"ss", "ß"},
+      {"\xF1", "ñ"}, {"\xF1", "\xD1"}, {"\xFF", "\uFFFD"}, {"k", "\u212A"}, {"i", "ı"}};
+  for (const auto& row : rows) EXPECT_FALSE(equalIgnoringCase(row.first, row.second)) << row.first << row.second;
+}
+
+}  // namespace
+}  // namespace qvn
