@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 
-#include "apps/qvn/password_mask.h"
 #include "apps/qvn/terminal_text.h"
 #include "qvn/data/connection_string.h"
 
@@ -22,7 +21,7 @@ data::ConnectionPtr connect(const Arguments& arguments, Context& context) {
 }
 
 std::string readableConnection(std::string_view connectionString) {
-  return safeText(maskPasswords(data::withoutPassword(connectionString)));
+  return safeText(data::withoutPassword(connectionString));
 }
 
 data::ConnectionPtr connectTo(const std::string& connectionString, const Arguments& arguments, Context& context) {

@@ -4,7 +4,6 @@
 #include <array>
 #include <string_view>
 
-#include "apps/qvn/password_mask.h"
 #include "apps/qvn/terminal_text.h"
 #include "qvn/data/provider_error.h"
 
@@ -20,7 +19,8 @@ struct Advice {
 constexpr auto kAdvice = std::to_array<Advice>({
     {data::provider_number::kStatementRefused, "revise la sentencia; --traza muestra las que se ejecutan"},
     {data::provider_number::kIntegrityViolation, "revise claves repetidas, valores nulos y registros relacionados"},
-    {data::provider_number::kTimeout, "espere a que otra estación termine e intente de nuevo"},
+    {data::provider_number::kTimeout,
+     "intente de nuevo cuando otra estación termine; «qvn sql --espera» da más tiempo"},
     {data::provider_number::kNoSuchTable, "revise el nombre de la tabla y que la base de datos sea la correcta"},
     {data::provider_number::kBadConnectionString, "«qvn --ayuda» da ejemplos de cadenas de conexión"},
     {data::provider_number::kNoSuchProvider, "«qvn --ayuda» da ejemplos de cadenas de conexión"},
@@ -36,7 +36,7 @@ std::string numbers(const data::ErrorItem& item) {
 }
 
 std::string line(std::string_view lead, std::string_view text) {
-  return std::string(lead).append(safeText(maskPasswords(text))).append("\n");
+  return std::string(lead).append(safeText(text)).append("\n");
 }
 
 }  // namespace

@@ -40,6 +40,26 @@ std::size_t skipQuoted(std::string_view text, std::size_t start) {
 
 bool opensQuote(char c) { return c == '"' || c == '\'' || c == '{'; }
 
+// Names whose values nobody may see.
+constexpr auto kSecretNames = std::to_array<std::string_view>({"PWD", "PASSWORD", "DATABASE PASSWORD"});
+
+bool isSecret(std::string_view name) {
+  const std::string upper = upperCase(name);
+  return std::ranges::any_of(kSecretNames, [&](std::string_view word) { return upper.ends_with(word); });
+}
+
+// Whether a plain value goes on into a password, as in "Provider=MySQL PWD=x" where a ";" was forgotten.
+bool runsIntoPassword(std::string_view value) {
+  const std::string upper = upperCase(value);
+  for (const std::string_view word : kSecretNames) {
+    for (std::size_t at = upper.find(word); at != std::string::npos; at = upper.find(word, at + 1)) {
+      const std::size_t sign = upper.find_first_not_of(' ', at + word.size());
+      if (sign != std::string::npos && upper[sign] == '=') return true;
+    }
+  }
+  return false;
+}
+
 // Takes the next part and the ";" after it off the front of `text`.
 RawPart takePart(std::string_view& text) {
   const std::size_t stop = text.find_first_of(";=");
@@ -60,6 +80,8 @@ RawPart takePart(std::string_view& text) {
       refuse("hay texto después de un valor entre comillas");
   }
   const std::string_view value = utf8::trimBlanks(text.substr(start, end - start));
+  const bool isPlain = value.empty() || !opensQuote(value.front());
+  if (isPlain && !isSecret(name) && runsIntoPassword(value)) refuse("falta un «;» antes de la contraseña");
   text.remove_prefix(std::min(end + 1, text.size()));
   return {name, value, true};
 }
@@ -74,14 +96,6 @@ std::string unquote(std::string_view value) {
     if (value[i] == close && i + 2 < value.size() && value[i + 1] == close) ++i;
   }
   return plain;
-}
-
-// Names whose values nobody may see.
-constexpr auto kSecretNames = std::to_array<std::string_view>({"PWD", "PASSWORD", "DATABASE PASSWORD"});
-
-bool isSecret(std::string_view name) {
-  const std::string upper = upperCase(name);
-  return std::ranges::any_of(kSecretNames, [&](std::string_view word) { return upper.ends_with(word); });
 }
 
 std::string hideFromFirstSecretWord(std::string_view text) {

@@ -20,7 +20,7 @@ TEST(Failure, TellsNumberWordsAndNoPassword) {
   };
   const Row rows[] = {
       {"no such provider", "Provider=Nadie;PWD=s3creto", "SELECT 1", {"«Nadie»", "error 3706", "SQLite"}},
-      {"a forgotten semicolon", "Provider=Nadie PWD=s3creto", "SELECT 1", {"PWD=***", "error 3706"}},
+      {"a forgotten semicolon", "Provider=Nadie PWD=s3creto", "SELECT 1", {"falta un «;»", "error -2147217805"}},
       {"an open quote", "MySQL;UID=a;PWD='s3creto;X=1", "SELECT 1", {"error -2147217805", "cadena de conexión"}},
       {"nobody answers", "MySQL;SERVER=127.0.0.1;PORT=1;PWD=s3creto", "SELECT 1", {"«127.0.0.1:1»", "PWD=***"}},
       {"no such file", "Provider=SQLite;Data Source=/no/hay.db", "SELECT 1", {"«/no/hay.db»", "error -2147467259"}},
@@ -39,6 +39,14 @@ TEST(Failure, TellsNumberWordsAndNoPassword) {
     EXPECT_EQ(outcome.err.find("s3creto"), std::string::npos) << outcome.err;
     EXPECT_EQ(outcome.err.find('\x1B'), std::string::npos);
   }
+}
+
+TEST(Failure, AWaitMayBeLimited) {
+  const std::string endless =
+      "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT i FROM n WHERE i < 0";
+  const Outcome outcome = runQvn({"sql", "-c", kMemory, "--espera", "1", endless});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_NE(outcome.err.find("error -2147217871"), std::string::npos) << outcome.err;
 }
 
 TEST(Failure, AReaderThatGoesAwayIsNoFailure) {

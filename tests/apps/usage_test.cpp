@@ -26,6 +26,7 @@ TEST(Usage, AWrongCallIsToldWhatIsWrong) {
       {"an empty statement", {"sql", "-c", kMemory, " \n"}, "", "la sentencia está vacía"},
       {"nothing on standard input", {"sql", "-c", kMemory, "-"}, " \n", "la sentencia está vacía"},
       {"unknown output format", {"sql", "-c", kMemory, "-f", "xml", "SELECT 1"}, "", "hay tabla, csv y json"},
+      {"a wait that is none", {"sql", "-c", kMemory, "--espera", "-1", "SELECT 1"}, "", "no es un número de segundos"},
       {"no document", {"saldo", "-c", kMemory}, "", "falta un número de documento"},
       {"a document that is none", {"saldo", "-c", kMemory, "1003", "1x"}, "", "«1x» no es un número de documento"},
       {"more than a number", {"saldo", "-c", kMemory, "1 OR 1=1"}, "", "se espera un número entero"},

@@ -64,6 +64,7 @@ TEST(ConnectionString, HidesPasswords) {
       {"Provider=X;Jet OLEDB:Database Password=x", "Provider=X;Jet OLEDB:Database Password=***"},
       {"Provider=X;Data Source=\"a;b\"", "Provider=X;Data Source=\"a;b\""},
       {"Provider=X;PWD='x", "Provider=X;***"},
+      {"Provider=X Pwd=x", "Provider=X ***"},
       {"Provider=X;basura;Pwd=x", "Provider=X;basura;Pwd=***"},
       {"", ""},
   };

@@ -1,6 +1,9 @@
 // qvn sql: runs one statement and shows its rows.
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <chrono>
+#include <optional>
 
 #include "apps/qvn/commands.h"
 #include "apps/qvn/connect.h"
@@ -33,7 +36,9 @@ constexpr std::string_view kExamples = R"(
 
 constexpr Option kFormatOption{"formato", 'f', "FORMATO", "tabla (la usual), csv o json"};
 constexpr Option kWholeOption{"completo", 0, "", "muestra en la tabla los textos completos"};
-constexpr auto kOptions = std::to_array<Option>({kConnectionOption, kFormatOption, kWholeOption, kTraceOption});
+constexpr Option kWaitOption{"espera", 0, "SEGUNDOS", "lo más que espera el resultado (30; 0: sin fin)"};
+constexpr auto kOptions =
+    std::to_array<Option>({kConnectionOption, kFormatOption, kWholeOption, kWaitOption, kTraceOption});
 
 constexpr std::size_t kWidestText = 40;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
@@ -61,13 +66,27 @@ const RowFormat& chosenFormat(const Arguments& arguments) {
   return *found;
 }
 
+std::optional<std::chrono::seconds> chosenWait(const Arguments& arguments) {
+  const auto text = arguments.value(kWaitOption.name);
+  if (!text) return std::nullopt;
+  std::int32_t seconds = 0;
+  const char* const end = text->data() + text->size();
+  const auto [stop, error] = std::from_chars(text->data(), end, seconds);
+  if (error != std::errc{} || stop != end || seconds < 0) {
+    throw UsageError("«" + safeText(*text) + "» no es un número de segundos");
+  }
+  return std::chrono::seconds(seconds);
+}
+
 std::string rowCount(std::int64_t count) { return std::to_string(count) + (count == 1 ? " registro" : " registros"); }
 
 ExitStatus runSql(const Arguments& arguments, Context& context) {
   const RowFormat& format = chosenFormat(arguments);
   const bool isTable = &format == &rowFormats().front();
+  const auto wait = chosenWait(arguments);
   const std::string statement = readStatement(arguments);
   const data::ConnectionPtr connection = connect(arguments, context);
+  if (wait) connection->setCommandTimeout(*wait);
 
   std::int64_t affected = 0;
   const data::RecordsetPtr rows = connection->Execute(statement, affected);

@@ -61,6 +61,9 @@ sqlite::StatementHandle prepareOne(sqlite3* database, std::string_view sql, std:
 }
 
 sqlite::StatementHandle SqliteSession::prepare(std::string_view sql) {
+  if (sql.find('\0') != std::string_view::npos) {
+    throw sqlite::errorWithText(SQLITE_ERROR, "La sentencia lleva un carácter nulo, donde el motor dejaría de leer");
+  }
   std::string_view rest;
   sqlite::StatementHandle statement = prepareOne(database_.get(), sql, rest);
   if (!statement) throw sqlite::errorWithText(SQLITE_ERROR, "La sentencia está vacía");

@@ -90,6 +90,7 @@ TEST_F(SqliteDriverTest, LiteralsReadBack) {
 TEST_F(SqliteDriverTest, OnlyOneStatementAtATime) {
   EXPECT_NO_THROW(session_->execute("SELECT 1; -- nota\n ;"));
   EXPECT_THROW(session_->execute("SELECT 1; SELECT 2"), ProviderError);
+  EXPECT_THROW(session_->execute(std::string_view("SELECT 1\0 SELECT 2", 18)), ProviderError);
   EXPECT_THROW(session_->execute(""), ProviderError);
   EXPECT_THROW(session_->execute("-- sólo una nota"), ProviderError);
 }
