@@ -30,8 +30,8 @@ class MysqlDriver final : public Driver {
 }  // namespace
 
 std::shared_ptr<const Driver> mysqlDriver() {
-  static const auto driver = std::make_shared<const MysqlDriver>();
-  return driver;
+  static const auto kDriver = std::make_shared<const MysqlDriver>();
+  return kDriver;
 }
 
 }  // namespace qvn::data

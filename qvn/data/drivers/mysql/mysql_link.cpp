@@ -18,7 +18,7 @@ constexpr unsigned kCancelSeconds = 5;
 // The library counts milliseconds in an int.
 constexpr std::chrono::seconds kLongestConnect = std::chrono::hours(24);
 // Stack of the library's resumable calls, over which a statement waits without blocking in the library.
-constexpr size_t kResumableStackBytes = 256 * 1024;
+constexpr std::size_t kResumableStackBytes = std::size_t{256} * 1024;
 
 ConnectionHandle newHandle() {
   ConnectionHandle handle(mysql_init(nullptr));

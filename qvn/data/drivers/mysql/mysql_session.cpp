@@ -38,7 +38,8 @@ StatementResult MysqlSession::execute(std::string_view sql) {
   }
   const bool isInForce = !reported && result.cursor == nullptr;
   result.cursor.reset();
-  // The order to end the statement may have crossed its answer; it must not hit the next one.
+  // The order to end the statement may have crossed its answer. A server that applies it to the statement that comes
+  // next finds this one.
   static_cast<void>(send("DO 0", wait));
   if (isInForce) return result;
   throw timeoutError(timeout_, std::move(reported));

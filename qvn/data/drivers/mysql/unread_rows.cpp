@@ -6,7 +6,7 @@
 namespace qvn::data::mysql {
 namespace {
 
-constexpr std::size_t kBlockBytes = 256 * 1024;
+constexpr std::size_t kBlockBytes = std::size_t{256} * 1024;
 constexpr std::size_t kMostLengthBytes = 10;
 
 // A length is stored as length + 1 in groups of seven bits, the lowest first, the top bit set on all but the last; NULL

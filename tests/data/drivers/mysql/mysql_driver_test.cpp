@@ -194,7 +194,8 @@ std::string slowWideStatement() {
 TEST(MysqlTimeout, CancelsTheStatementAndKeepsTheSession) {
   for (const std::string& connectionString : {mysqlConnectionString(), mysqlTcpConnectionString()}) {
     const auto session = connectTo(connectionString, seconds(1));
-    const std::string slow[] = {"SELECT SLEEP(5)", "CREATE TEMPORARY TABLE lenta AS SELECT SLEEP(5)", slowWideStatement()};
+    const std::string slow[] = {"SELECT SLEEP(5)", "CREATE TEMPORARY TABLE lenta AS SELECT SLEEP(5)",
+                                slowWideStatement()};
     for (const std::string& sql : slow) {
       SCOPED_TRACE(sql.substr(0, 60));
       const auto start = steady_clock::now();
