@@ -8,65 +8,59 @@ namespace qvn::text {
 namespace {
 
 struct Row {
-  const char* why;
-  std::string_view separator;
-  std::string_view text;
+  std::string_view separator, text;
   std::vector<std::string> items;  // from index 1
 };
 
+// clang-format off
 const Row kRows[] = {
-    {"adjacent separators keep an empty item", ",", "a,b,,c", {"a", "b", "", "c"}},
-    {"no separator", ",", "abc", {"abc"}},
-    {"an empty text is one empty item", ",", "", {""}},
-    {"a separator at the end gives a last empty item", ",", "a,", {"a", ""}},
-    {"a separator at the start", ",", ",a", {"", "a"}},
-    {"separators alone", ",", ",,", {"", "", ""}},
-    {"a separator of several characters", "[&&,]", "a[&&,]b", {"a", "b"}},
-    {"case matters", "x", "aXbxc", {"aXb", "c"}},
-    {"a separator of two bytes", "¨", "¨a¨ñ", {"", "a", "ñ"}},
-    {"overlapping separators are taken from the left", "aa", "xaaay", {"x", "ay"}},
-    {"what the closing separator leaves over is no item", "aa", "xa", {"x"}},
-    {"a stray byte is not found inside a letter", "\xB1", "ñ\xB1z\xFF", {"ñ", "z\xFF"}},
+    {",", "a,b,,c", {"a", "b", "", "c"}}, {",", "abc", {"abc"}}, {",", "", {""}}, {",", ",a,", {"", "a", ""}},
+    {"x", "aXbxc", {"aXb", "c"}}, {"[&&,]", "a[&&,]b", {"a", "b"}}, {"¨", "¨a¨ñ", {"", "a", "ñ"}},
+    // separators that overlap are taken from the left, and what the closing one leaves over is no item
+    {"aa", "xaaay", {"x", "ay"}}, {"aa", "xa", {"x"}},
+    // a stray byte is not found inside a letter
+    {"\xB1", "ñ\xB1z\xFF", {"ñ", "z\xFF"}},
 };
+// clang-format on
 
-TEST(Separador, FillsFromIndexOne) {
+TEST(Splitting, FillsFromIndexOneAndAppendsTheSeparator) {
   for (const Row& row : kRows) {
-    SCOPED_TRACE(row.why);
+    SCOPED_TRACE(row.text);
+    const std::string extended = std::string(row.text) + std::string(row.separator);
+    std::vector<std::string> expected = row.items;
+    expected.insert(expected.begin(), "");
+
     std::string text(row.text);
     std::vector<std::string> list;
     ASSERT_EQ(Separador(row.separator, text, list), static_cast<std::int32_t>(row.items.size()));
-    EXPECT_EQ(text, std::string(row.text) + std::string(row.separator));
-    std::vector<std::string> expected = row.items;
-    expected.insert(expected.begin(), "");
+    EXPECT_EQ(text, extended);
     EXPECT_EQ(list, expected);
+
+    Variant value = row.text;
+    std::vector<Variant> values;
+    ASSERT_EQ(DataSeparator(row.separator, value, values), static_cast<std::int32_t>(row.items.size()));
+    EXPECT_EQ(value.toText(), extended);
+    ASSERT_EQ(values.size(), expected.size());
+    EXPECT_TRUE(values[0].isEmpty());
+    for (std::size_t i = 1; i < expected.size(); ++i) EXPECT_EQ(values[i].toText(), expected[i]);
   }
 }
 
-TEST(DataSeparator, FillsTheSameItemsAsTexts) {
-  for (const Row& row : kRows) {
-    SCOPED_TRACE(row.why);
-    Variant text = row.text;
-    std::vector<Variant> list;
-    ASSERT_EQ(DataSeparator(row.separator, text, list), static_cast<std::int32_t>(row.items.size()));
-    EXPECT_EQ(text.toText(), std::string(row.text) + std::string(row.separator));
-    ASSERT_EQ(list.size(), row.items.size() + 1);
-    EXPECT_TRUE(list[0].isEmpty());
-    for (std::size_t i = 0; i < row.items.size(); ++i) {
-      ASSERT_TRUE(list[i + 1].isText());
-      EXPECT_EQ(list[i + 1].toText(), row.items[i]);
-    }
-  }
-}
-
-TEST(Separador, KeepsIndexZeroAndDropsWhatLiesBeyond) {
+TEST(Splitting, KeepsIndexZeroAndDropsWhatLiesBeyond) {
   std::string text = "x,y";
   std::vector<std::string> list = {"zero", "one", "two", "three", "four"};
   EXPECT_EQ(Separador(",", text, list), 2);
   EXPECT_EQ(list, (std::vector<std::string>{"zero", "x", "y"}));
-  // The text kept its separator, so a second call finds one item more.
-  EXPECT_EQ(Separador(",", text, list), 3);
-  EXPECT_EQ(list, (std::vector<std::string>{"zero", "x", "y", ""}));
+  EXPECT_EQ(Separador(",", text, list), 3) << "the text kept its separator";
   EXPECT_EQ(text, "x,y,,");
+
+  Variant number = 15251;  // values are taken as texts
+  std::vector<Variant> values = {7, Null{}};
+  EXPECT_EQ(DataSeparator(5, number, values), 3);
+  EXPECT_EQ(number.toText(), "152515");
+  ASSERT_EQ(values.size(), 4u);
+  EXPECT_EQ(values[0].toLong(), 7);
+  EXPECT_TRUE(values[1].isText() && values[2].isText() && values[3].isText());
 }
 
 // Appending to the text moves it, and with it the separator that the caller gave.
@@ -78,37 +72,22 @@ TEST(Separador, TakesAPartOfTheTextAsSeparator) {
   EXPECT_EQ(list, (std::vector<std::string>{"", "a long text that needs memory of its own", "and a second part"}));
 }
 
-TEST(DataSeparator, TakesValuesAsTexts) {
-  Variant number = 15251;
-  std::vector<Variant> list = {7, Null{}};
-  EXPECT_EQ(DataSeparator(5, number, list), 3);
-  EXPECT_EQ(number.toText(), "152515");
-  ASSERT_EQ(list.size(), 4u);
-  EXPECT_EQ(list[0].toLong(), 7);
-  EXPECT_EQ(list[1].toText(), "1");
-  EXPECT_EQ(list[2].toText(), "2");
-  EXPECT_EQ(list[3].toText(), "1");
-}
-
-TEST(Splitting, RefusesAnEmptySeparatorAndNull) {
+TEST(Splitting, RefusesAnEmptySeparatorAndNullAndChangesNothing) {
   std::string text = "abc";
   std::vector<std::string> list = {"zero"};
   EXPECT_EQ(test::errorNumber([&] { Separador("", text, list); }), 5);
   EXPECT_EQ(text, "abc");
-  EXPECT_EQ(list.size(), 1u);
   text.clear();
   EXPECT_EQ(Separador("", text, list), 0);
   EXPECT_EQ(list.size(), 1u);
 
   Variant value = 12;
+  Variant null = Null{};
   std::vector<Variant> values;
   EXPECT_EQ(test::errorNumber([&] { DataSeparator("", value, values); }), 5);
   EXPECT_EQ(test::errorNumber([&] { DataSeparator(Null{}, value, values); }), 94);
-  EXPECT_FALSE(value.isText());
-  value = Null{};
-  EXPECT_EQ(test::errorNumber([&] { DataSeparator(",", value, values); }), 94);
-  EXPECT_TRUE(value.isNull());
-  EXPECT_TRUE(values.empty());
+  EXPECT_EQ(test::errorNumber([&] { DataSeparator(",", null, values); }), 94);
+  EXPECT_TRUE(!value.isText() && null.isNull() && values.empty());
 }
 
 }  // namespace

@@ -10,57 +10,36 @@
 namespace qvn::text {
 namespace {
 
-host::SimpleAmbiente patterns() {
+TEST(AplicaFormato, FormatsByTag) {
+  struct Row {
+    std::string_view tag, text, given, expected;
+  };
+  // clang-format off
+  static constexpr Row kRows[] = {
+      {"N", "1234.5", "", "1234.5"}, {"SD", "1234.5", "", "1234.50"}, {"FE", "1234.5", "", "1234.500"},
+      // a given pattern stands for A and B, not for C; a blank one counts as none
+      {"N", "1234.5", "0.0000", "1234.5000"}, {"SD", "1234.5", "0.0000", "1234.5000"},
+      {"FE", "1234.5", "0.0000", "1234.500"}, {"SD", "1234.5", "  ", "1234.50"},
+      {"D", " 1234.50 ", "", "1234.5"}, {"SN", "abc", "", "0"}, {"N", "abc", "", "abc"}, {"SF", "1234.5", "", ""},
+      {"ND", "1234567.8", "", "1,234,568"},
+      // any other tag; tags are compared exactly, with their blanks
+      {"", " abc ", "", " abc "}, {"sd", "1234.50", "", "1234.50"}, {"SD ", "1234.5", "", "1234.5"},
+  };
+  // clang-format on
+  const test::LocaleGuard states("en_US.UTF-8");
   host::SimpleAmbiente environment;
   environment.setFormatoA("0.00");
   environment.setFormatoB("0.0");
   environment.setFormatoC("0.000");
-  return environment;
-}
-
-TEST(AplicaFormato, FormatsByTag) {
-  struct Row {
-    const char* why;
-    std::string_view tag;
-    std::string_view text;
-    std::string_view given;
-    std::string_view expected;
-  };
-  static constexpr Row kRows[] = {
-      {"pattern B", "N", "1234.5", "", "1234.5"},
-      {"pattern A", "SD", "1234.5", "", "1234.50"},
-      {"pattern C", "FE", "1234.5", "", "1234.500"},
-      {"a given pattern as B", "N", "1234.5", "0.0000", "1234.5000"},
-      {"a given pattern as A", "SD", "1234.5", "0.0000", "1234.5000"},
-      {"a given pattern does not replace C", "FE", "1234.5", "0.0000", "1234.500"},
-      {"a blank pattern counts as none", "SD", "1234.5", "  ", "1234.50"},
-      {"general number", "D", " 1234.50 ", "", "1234.5"},
-      {"general number, no number", "SN", "abc", "", "0"},
-      {"pattern B leaves text that is no number", "N", "abc", "", "abc"},
-      {"nothing is done", "SF", "1234.5", "", ""},
-      {"thousands", "ND", "1234567.8", "", "1,234,568"},
-      {"no tag", "", " abc ", "", " abc "},
-      {"tags are compared exactly", "sd", "1234.50", "", "1234.50"},
-      {"with their blanks", "SD ", "1234.5", "", "1234.5"},
-  };
-  const test::LocaleGuard states("en_US.UTF-8");
-  const host::SimpleAmbiente environment = patterns();
   for (const Row& row : kRows) {
-    SCOPED_TRACE(row.why);
     host::SimpleTextBox box{std::string(row.text), std::string(row.tag), 3};
-    EXPECT_EQ(AplicaFormato(box, &environment, row.given), row.expected);
+    EXPECT_EQ(AplicaFormato(box, &environment, row.given), row.expected) << row.tag << ": " << row.text;
     EXPECT_EQ(box.text, row.text);
     EXPECT_EQ(box.selStart, 3);
   }
-}
-
-TEST(AplicaFormato, UsesTheRegionalSeparator) {
   const test::LocaleGuard spain("es_ES.UTF-8");
-  const host::SimpleAmbiente environment = patterns();
   host::SimpleTextBox box("1234,5", "SD");
   EXPECT_EQ(AplicaFormato(box, &environment), "1234,50");
-  box.tag = "SN";
-  EXPECT_EQ(AplicaFormato(box, &environment), "1234,5");
 }
 
 // A box that moves its caret whenever its text is read, and fails where it is told to.
@@ -71,14 +50,8 @@ class AwkwardBox final : public host::TextBox {
     return answer(failsAtText, "1234.5");
   }
   [[nodiscard]] std::string Tag() const override { return answer(failsAtTag, "SN"); }
-  [[nodiscard]] std::int32_t SelStart() const override {
-    static_cast<void>(answer(failsAtCaret, ""));
-    return caret;
-  }
-  void setSelStart(std::int32_t position) override {
-    static_cast<void>(answer(failsAtCaret, ""));
-    caret = position;
-  }
+  [[nodiscard]] std::int32_t SelStart() const override { return answer(failsAtCaret, caret); }
+  void setSelStart(std::int32_t position) override { caret = answer(failsAtCaret, position); }
 
   mutable std::int32_t caret = 4;
   bool failsAtText = false;
@@ -86,9 +59,10 @@ class AwkwardBox final : public host::TextBox {
   bool failsAtCaret = false;
 
  private:
-  static std::string answer(bool fails, const char* text) {
+  template <typename Value>
+  static Value answer(bool fails, Value value) {
     if (fails) throw RuntimeError(error_number::kObjectNotSet);
-    return text;
+    return value;
   }
 };
 
@@ -104,15 +78,12 @@ TEST(AplicaFormato, GoesOnAfterAFailingProperty) {
   AwkwardBox caretless;
   caretless.failsAtCaret = true;
   EXPECT_EQ(AplicaFormato(caretless, nullptr, "0"), "1234.5");
-}
 
-TEST(AplicaFormato, WorksWithoutAnEnvironment) {
-  const test::LocaleGuard states("en_US.UTF-8");
-  host::SimpleTextBox box("1234.5", "SD");
-  EXPECT_EQ(AplicaFormato(box, nullptr, "0.00"), "1234.50");
-  EXPECT_EQ(AplicaFormato(box, nullptr), "1234.5");
-  box.tag = "FE";
-  EXPECT_EQ(AplicaFormato(box, nullptr, "0.00"), "1234.5");
+  host::SimpleTextBox withoutEnvironment("1234.5", "SD");
+  EXPECT_EQ(AplicaFormato(withoutEnvironment, nullptr, "0.00"), "1234.50");
+  EXPECT_EQ(AplicaFormato(withoutEnvironment, nullptr), "1234.5");
+  withoutEnvironment.tag = "FE";
+  EXPECT_EQ(AplicaFormato(withoutEnvironment, nullptr, "0.00"), "1234.5");
 }
 
 TEST(Formato, TakesThePatternAsText) {

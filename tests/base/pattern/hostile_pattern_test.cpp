@@ -15,19 +15,15 @@ std::string repeated(std::string_view piece, std::size_t count) {
 }
 
 TEST(HostilePattern, MalformedPatternsKeepTheirMeaning) {
-  test::expectFormatted("C", {
-                                 {"quote not closed", 5, "0\"abc;0", "5abc;0"},
-                                 {"quote at the end", 5, "0\"", "5"},
-                                 {"backslash at the end", 5, "0\\", "5\\"},
-                                 {"backslash alone", 5, "\\", "\\"},
-                                 {"backslash before a section mark", -5, "0\\;x", "-5;x"},
-                                 {"bytes that are not UTF-8", 5, "\xC3\x28 0\xff", "\xC3\x28 5\xff"},
-                                 {"escaped byte that is not UTF-8", 5, "0\\\xC3", "5\xC3"},
-                                 {"zero byte", 5, std::string_view("\0\x30", 2), std::string_view("\0\x35", 2)},
-                                 {"semicolons alone", 5, ";;;;;", ""},
-                                 {"exponent at the end", 5, "0E+", "5E+"},
-                                 {"marker cut off", Date(0.875), "h A/", "21 A/"},
-                             });
+  // clang-format off
+  const test::PatternRows rows = {
+      {5, "0\"abc;0", "5abc;0"}, {5, "0\"", "5"}, {5, "0\\", "5\\"}, {5, "\\", "\\"}, {-5, "0\\;x", "-5;x"},
+      {5, "\xC3\x28 0\xff", "\xC3\x28 5\xff"}, {5, "0\\\xC3", "5\xC3"},
+      {5, std::string_view("\0\x30", 2), std::string_view("\0\x35", 2)}, {5, ";;;;;", ""}, {5, "0E+", "5E+"},
+      {Date(0.875), "h A/", "21 A/"},
+  };
+  // clang-format on
+  test::expectFormatted("C", rows);
 }
 
 TEST(HostilePattern, LengthCostsNoMoreThanItsShare) {

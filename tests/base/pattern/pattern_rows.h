@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "qvn/base/format_pattern.h"
@@ -12,19 +13,23 @@
 namespace qvn::test {
 
 struct PatternRow {
-  const char* why;
   Variant value;
-  std::string_view pattern;
-  std::string_view expected;
+  std::string_view pattern, expected;
 };
 
+using PatternRows = std::vector<PatternRow>;
+using PatternPairs = std::vector<std::pair<std::string_view, std::string_view>>;  // pattern, what must come out
+
 /// Formats every row under one locale.
-inline void expectFormatted(const char* locale, const std::vector<PatternRow>& rows) {
+inline void expectFormatted(const char* locale, const PatternRows& rows) {
   const LocaleGuard guard(locale);
-  for (const PatternRow& row : rows) {
-    SCOPED_TRACE(row.why);
-    EXPECT_EQ(formatValue(row.value, row.pattern), row.expected) << '"' << row.pattern << '"';
-  }
+  for (const PatternRow& row : rows) EXPECT_EQ(formatValue(row.value, row.pattern), row.expected) << row.pattern;
+}
+
+/// Formats one value by every pattern.
+inline void expectFormatted(const char* locale, const Variant& value, const PatternPairs& pairs) {
+  const LocaleGuard guard(locale);
+  for (const auto& pair : pairs) EXPECT_EQ(formatValue(value, pair.first), pair.second) << pair.first;
 }
 
 }  // namespace qvn::test

@@ -6,66 +6,48 @@ namespace {
 using test::expectFormatted;
 
 TEST(TextPattern, FillsPlacesFromTheRight) {
-  expectFormatted("C", {
-                           {"blanks for what is missing", "abc", "@@@@@", "  abc"},
-                           {"nothing for what is missing", "abc", "&&&&&", "abc"},
-                           {"both", "a", "@&@", " a"},
-                           {"literals between", "5551234", "(@@@) @@@-@@@@", "(   ) 555-1234"},
-                           {"exactly", "5551234", "@@@-@@@@", "555-1234"},
-                           {"characters beyond the places", "5551234", "@@-@@", "55512-34"},
-                           {"letters and digit places are literals", "x", "@dm0", "xdm0"},
-                           {"escaped placeholder", "x", "\\@@", "@x"},
-                       });
+  // clang-format off
+  const test::PatternRows rows = {
+      {"abc", "@@@@@", "  abc"}, {"abc", "&&&&&", "abc"}, {"a", "@&@", " a"},
+      {"5551234", "(@@@) @@@-@@@@", "(   ) 555-1234"}, {"5551234", "@@@-@@@@", "555-1234"},
+      {"5551234", "@@-@@", "55512-34"}, {"x", "@dm0", "xdm0"}, {"x", "\\@@", "@x"},
+      // characters, not bytes; a byte that is not UTF-8 is a character
+      {"ñú", "@@@", " ñú"}, {"😀", "@@", " 😀"}, {"\xff\xfe", "@@@", " \xff\xfe"},
+  };
+  // clang-format on
+  expectFormatted("C", rows);
 }
 
 TEST(TextPattern, FillsFromTheLeftOnRequest) {
-  expectFormatted("C", {
-                           {"blanks at the end", "abc", "@@@@@!", "abc  "},
-                           {"wherever the sign stands", "abc", "@!@@@@", "abc  "},
-                           {"literals between", "5551234", "!(@@@) @@@-@@@@", "(555) 123-4   "},
-                           {"nothing for what is missing", "abc", "!&-&-&-&", "a-b-c-"},
-                           {"characters beyond the places", "abcd", "!(@-@)", "(a-bcd)"},
-                       });
+  expectFormatted("C", {{"abc", "@@@@@!", "abc  "},
+                        {"abc", "@!@@@@", "abc  "},
+                        {"5551234", "!(@@@) @@@-@@@@", "(555) 123-4   "},
+                        {"abc", "!&-&-&-&", "a-b-c-"},
+                        {"abcd", "!(@-@)", "(a-bcd)"}});
 }
 
 TEST(TextPattern, ChangesLetterCase) {
-  expectFormatted("C", {
-                           {"capitals", "ñandú Ábc", ">", "ÑANDÚ ÁBC"},
-                           {"small letters", "ÑANDÚ ÁBC", "<", "ñandú ábc"},
-                           {"the last one counts", "aB", "<>", "AB"},
-                           {"with places", "ab", ">@@@@", "  AB"},
-                           {"literals keep theirs", "ab", ">\"x\"@@", "xAB"},
-                           {"Greek, Cyrillic, and the odd ranges", "ΆΎΩΣЯЁŸŽİß", "<", "άύωσяёÿžİß"},
-                       });
-}
-
-TEST(TextPattern, CountsCharactersNotBytes) {
-  expectFormatted("C", {
-                           {"letters of two bytes", "ñú", "@@@", " ñú"},
-                           {"four bytes", "😀", "@@", " 😀"},
-                           {"bytes that are not UTF-8 count one by one", "\xff\xfe", "@@@", " \xff\xfe"},
-                       });
+  const test::PatternRows rows = {
+      {"ñandú Ábc", ">", "ÑANDÚ ÁBC"}, {"ÑANDÚ ÁBC", "<", "ñandú ábc"}, {"aB", "<>", "AB"},
+      {"ab", ">@@@@", "  AB"},         {"ab", ">\"x\"@@", "xAB"},       {"ΆΎΩΣЯЁŸŽİß", "<", "άύωσяёÿžİß"}};
+  expectFormatted("C", rows);
 }
 
 TEST(TextPattern, HasASectionForNothing) {
-  expectFormatted("C", {
-                           {"text", "x", "&;vacio", "x"},
-                           {"empty text", "", "&;\"vacío\"", "vacío"},
-                           {"Null", Null{}, "&;\"vacío\"", "vacío"},
-                           {"Empty", Empty{}, "&;\"vacío\"", "vacío"},
-                           {"an empty section", "", "@@;", ""},
-                           {"empty text, one section", "", "@@", "  "},
-                           {"Null, one section", Null{}, "@@", ""},
-                       });
+  // clang-format off
+  const test::PatternRows rows = {
+      {"x", "&;vacio", "x"}, {"", "&;\"vacío\"", "vacío"}, {Null{}, "&;\"vacío\"", "vacío"},
+      {Empty{}, "&;\"vacío\"", "vacío"}, {"", "@@;", ""}, {"", "@@", "  "}, {Null{}, "@@", ""},
+  };
+  // clang-format on
+  expectFormatted("C", rows);
 }
 
 TEST(TextPattern, TakesOtherValuesAsText) {
-  expectFormatted("es_ES.UTF-8", {
-                                     {"number", 1.5, "@@@@@", "  1,5"},
-                                     {"number with every digit", 0.1 + 0.2, "&", "0,30000000000000004"},
-                                     {"Boolean", true, "<", "true"},
-                                     {"date", Date::fromCivil(2012, 3, 7), "!@@/", "07/03/2012/"},
-                                 });
+  expectFormatted("es_ES.UTF-8", {{1.5, "@@@@@", "  1,5"},
+                                  {0.1 + 0.2, "&", "0,30000000000000004"},
+                                  {true, "<", "true"},
+                                  {Date::fromCivil(2012, 3, 7), "!@@/", "07/03/2012/"}});
 }
 
 }  // namespace
