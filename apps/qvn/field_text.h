@@ -6,7 +6,7 @@
 
 #include "apps/qvn/table_writer.h"
 #include "apps/qvn/terminal_text.h"
-#include "qvn/data/field.h"
+#include "qvn/data/recordset.h"
 
 namespace qvn::cli {
 

@@ -25,7 +25,7 @@ class Field {
 
   /// The value in the current row, an edit not yet saved included. The reference is good until the recordset moves.
   /// Throws ProviderError kNoCurrentRecord before the first and after the last row, or what the engine reports.
-  [[nodiscard]] const Variant& Value() const;
+  [[nodiscard]] inline const Variant& Value() const;
 
   /// Sets the value in the row's edit; Recordset::Update saves it. Throws ProviderError kNotSupported when the lock
   /// type is read-only or the column is an expression, kNoCurrentRecord when there is no row.

@@ -75,11 +75,8 @@ void Recordset::Close() noexcept {
 
 ObjectState Recordset::State() const noexcept { return opened_ ? ObjectState::Open : ObjectState::Closed; }
 
-Recordset::Opened& Recordset::opened() const {
-  if (!opened_) {
-    throw ProviderError(provider_number::kObjectClosed, "La operación no está permitida si el objeto está cerrado");
-  }
-  return *opened_;
+void Recordset::refuseClosed() {
+  throw ProviderError(provider_number::kObjectClosed, "La operación no está permitida si el objeto está cerrado");
 }
 
 ConnectionPtr Recordset::ActiveConnection() const { return opened_ ? opened_->connection : nullptr; }
@@ -182,7 +179,6 @@ void Recordset::setValueOf(std::size_t index, Variant value) {
   open.edits[index] = std::move(value);
 }
 
-const Variant& Field::Value() const { return owner_->valueOf(index_); }
 void Field::setValue(Variant value) { owner_->setValueOf(index_, std::move(value)); }
 
 }  // namespace qvn::data

@@ -109,6 +109,7 @@ class Recordset : public Object {
 
   void adopt(const ConnectionPtr& connection, std::unique_ptr<Cursor> cursor);
   [[nodiscard]] Opened& opened() const;
+  [[noreturn]] static void refuseClosed();
   [[nodiscard]] const Variant& valueOf(std::size_t index) const;
   void setValueOf(std::size_t index, Variant value);
   void requireRow() const;
@@ -126,5 +127,7 @@ class Recordset : public Object {
   std::string source_;
   std::unique_ptr<Opened> opened_;
 };
+
+const Variant& Field::Value() const { return owner_->valueOf(index_); }
 
 }  // namespace qvn::data

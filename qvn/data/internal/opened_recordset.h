@@ -20,4 +20,10 @@ struct Recordset::Opened {
   EditMode mode = EditMode::None;
 };
 
+// Every access to a row comes through here.
+inline Recordset::Opened& Recordset::opened() const {
+  if (!opened_) [[unlikely]] refuseClosed();
+  return *opened_;
+}
+
 }  // namespace qvn::data

@@ -1,14 +1,12 @@
 #include "qvn/data/drivers/sqlite/sqlite_cursor.h"
 
-#include <cmath>
-#include <limits>
 #include <string_view>
 
 #include "qvn/base/letter_case.h"
 #include "qvn/data/drivers/sqlite/declared_type.h"
 #include "qvn/data/drivers/sqlite/sqlite_error.h"
 #include "qvn/data/drivers/sqlite/sqlite_literal.h"
-#include "qvn/data/iso_date.h"
+#include "qvn/data/drivers/sqlite/sqlite_value.h"
 
 namespace qvn::data::sqlite {
 namespace {
@@ -37,92 +35,6 @@ Column describe(sqlite3_stmt* statement, int index) {
   return column;
 }
 
-std::string_view textOf(sqlite3_value* cell) {
-  // In this order: the first call may convert the text, the second one then tells its length in UTF-8.
-  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(cell));
-  return {text == nullptr ? "" : text, static_cast<std::size_t>(sqlite3_value_bytes(cell))};
-}
-
-std::string_view bytesOf(sqlite3_value* cell) {
-  const auto* bytes = static_cast<const char*>(sqlite3_value_blob(cell));
-  return {bytes == nullptr ? "" : bytes, static_cast<std::size_t>(sqlite3_value_bytes(cell))};
-}
-
-template <typename Whole>
-bool fits(std::int64_t number) {
-  return number >= std::numeric_limits<Whole>::min() && number <= std::numeric_limits<Whole>::max();
-}
-
-// The narrowest type from the declared one up, since the engine stores whole numbers of any size in any column.
-void readWhole(std::int64_t number, FieldType type, Variant& value) {
-  switch (type) {
-    case FieldType::BigInt:
-      value = number;
-      return;
-    case FieldType::Double:
-      value = static_cast<double>(number);
-      return;
-    case FieldType::Boolean:
-      value = number != 0;
-      return;
-    case FieldType::Numeric:
-      value = Decimal::fromInteger(number);
-      return;
-    case FieldType::Currency:
-      if (!fits<std::int32_t>(number)) break;
-      value = Currency::fromScaled(number * Currency::kScale);
-      return;
-    case FieldType::SmallInt:
-    case FieldType::TinyInt:
-      if (!fits<std::int16_t>(number)) break;
-      value = static_cast<std::int16_t>(number);
-      return;
-    default:
-      break;
-  }
-  if (fits<std::int32_t>(number)) {
-    value = static_cast<std::int32_t>(number);
-  } else {
-    value = number;
-  }
-}
-
-void readReal(double number, FieldType type, Variant& value) {
-  // Infinities and amounts beyond the exact types stay Doubles.
-  constexpr double kLargestNumeric = 1e60;
-  constexpr double kLargestCurrency = 9e14;
-  const double size = std::abs(number);
-  if (type == FieldType::Numeric && size < kLargestNumeric) {
-    value = Decimal::fromDouble(number);
-  } else if (type == FieldType::Currency && size < kLargestCurrency) {
-    value = Currency::fromDouble(number);
-  } else {
-    value = number;
-  }
-}
-
-void readText(std::string_view text, FieldType type, Variant& value) {
-  switch (type) {
-    case FieldType::Date:
-    case FieldType::DbTimeStamp:
-    case FieldType::DbTime:
-      if (const auto date = parseIsoDate(text)) {
-        value = *date;
-        return;
-      }
-      break;
-    case FieldType::Numeric:
-      if (auto decimal = Decimal::fromText(text)) {
-        value = *std::move(decimal);
-        return;
-      }
-      break;
-    default:
-      break;
-  }
-  value.assignText(text);
-}
-
 std::string orEmpty(const char* text) { return text == nullptr ? std::string() : std::string(text); }
 
 }  // namespace
@@ -131,7 +43,8 @@ SqliteCursor::SqliteCursor(StatementHandle statement, bool hasRow)
     : statement_(std::move(statement)), stage_(hasRow ? Stage::FirstRowReady : Stage::Done) {
   const int count = sqlite3_column_count(statement_.get());
   columns_.reserve(static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) columns_.push_back(describe(statement_.get(), i));
+  types_.reserve(columns_.capacity());
+  for (int i = 0; i < count; ++i) types_.push_back(columns_.emplace_back(describe(statement_.get(), i)).type);
   if (!hasRow) sqlite3_reset(statement_.get());
 }
 
@@ -159,24 +72,7 @@ bool SqliteCursor::next() {
 void SqliteCursor::read(std::size_t column, Variant& value) {
   // Reading through the cell asks for it once. That takes a session used by one thread at a time, which it is.
   sqlite3_value* cell = sqlite3_column_value(statement_.get(), static_cast<int>(column));
-  const FieldType type = columns_[column].type;
-  switch (sqlite3_value_type(cell)) {
-    case SQLITE_INTEGER:
-      readWhole(sqlite3_value_int64(cell), type, value);
-      break;
-    case SQLITE_FLOAT:
-      readReal(sqlite3_value_double(cell), type, value);
-      break;
-    case SQLITE_NULL:
-      value = Null{};
-      break;
-    case SQLITE_BLOB:
-      value.assignText(bytesOf(cell));
-      break;
-    default:
-      readText(textOf(cell), type, value);
-      break;
-  }
+  readValue(cell, types_[column], value);
 }
 
 std::vector<ColumnOrigin> SqliteCursor::origins() {

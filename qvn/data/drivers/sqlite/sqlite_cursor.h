@@ -23,6 +23,7 @@ class SqliteCursor final : public Cursor {
 
   StatementHandle statement_;
   std::vector<Column> columns_;
+  std::vector<FieldType> types_;  // those of the columns, close together for reading
   Stage stage_;
 };
 
