@@ -22,7 +22,8 @@ struct Recordset::Opened {
 
 // Every access to a row comes through here.
 inline Recordset::Opened& Recordset::opened() const {
-  if (!opened_) [[unlikely]] refuseClosed();
+  if (!opened_) [[unlikely]]
+    refuseClosed();
   return *opened_;
 }
 
