@@ -19,7 +19,8 @@ double Currency::toDouble() const {
   // whole units, which a Double holds, go apart.
   constexpr std::int64_t kLargestExact = std::int64_t{1} << 53;
   if (scaled_ >= -kLargestExact && scaled_ <= kLargestExact) return static_cast<double>(scaled_) / kScale;
-  return static_cast<double>(scaled_ / kScale) + static_cast<double>(scaled_ % kScale) / kScale;
+  const std::int64_t units = scaled_ / kScale;
+  return static_cast<double>(units) + static_cast<double>(scaled_ - units * kScale) / kScale;
 }
 
 std::string Currency::toText() const {

@@ -5,12 +5,12 @@
 namespace qvn {
 
 bool incrementDigits(std::string& digits) {
-  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-    if (*digit != '9') {
-      ++*digit;
+  for (std::size_t i = digits.size(); i-- > 0;) {
+    if (digits[i] != '9') {
+      ++digits[i];
       return false;
     }
-    *digit = '0';
+    digits[i] = '0';
   }
   return true;
 }

@@ -70,10 +70,10 @@ std::string writePlain(const Scientific& number) {
   std::string text(number.negative ? "-" : "");
   const auto count = static_cast<std::size_t>(number.count);
   if (number.exponent < 0) {
-    text.append("0.").append(static_cast<std::size_t>(-number.exponent - 1), '0').append(number.digits.data(), count);
+    text.append("0.").append(static_cast<std::size_t>(-number.exponent) - 1, '0').append(number.digits.data(), count);
     return text;
   }
-  const auto whole = static_cast<std::size_t>(number.exponent + 1);
+  const auto whole = static_cast<std::size_t>(number.exponent) + 1;
   if (count <= whole) {
     text.append(number.digits.data(), count).append(whole - count, '0');
   } else {

@@ -94,8 +94,8 @@ void readDateFormat(std::string_view format, RegionalSettings& settings) {
 // What the locale groups digits with. Some locales with a decimal point, Mexico's among them, name a narrow blank;
 // people there type and expect a comma, and a number that they typed so must not be refused.
 std::string thousandsSeparator(std::string named, const std::string& decimal) {
-  static constexpr std::string_view kBlanks[] = {"", " ", "\u00A0", "\u2009", "\u202F"};
-  if (std::ranges::find(kBlanks, named) == std::end(kBlanks)) return named;
+  static constexpr auto kBlanks = std::to_array<std::string_view>({"", " ", "\u00A0", "\u2009", "\u202F"});
+  if (std::ranges::find(kBlanks, named) == kBlanks.end()) return named;
   if (decimal == ".") return ",";
   return named.empty() ? "." : named;
 }
@@ -123,7 +123,7 @@ CurrencyStyle currencyStyle() {
   CurrencyStyle style;
   const lconv* locale = std::localeconv();
   style.symbol = localeText(locale->currency_symbol);
-  if (locale->frac_digits != CHAR_MAX) style.decimals = locale->frac_digits;
+  if (locale->frac_digits != CHAR_MAX) style.decimals = static_cast<unsigned char>(locale->frac_digits);
   if (locale->p_cs_precedes != CHAR_MAX) style.symbolPrecedes = locale->p_cs_precedes != 0;
   if (locale->p_sep_by_space != CHAR_MAX) style.spaceBetween = locale->p_sep_by_space != 0;
   return style;

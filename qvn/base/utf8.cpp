@@ -1,5 +1,6 @@
 #include "qvn/base/utf8.h"
 
+#include <array>
 #include <cstring>
 
 namespace qvn::utf8 {
@@ -26,7 +27,7 @@ std::size_t asciiPrefix(std::string_view text) noexcept {
 constexpr Decoded kMalformed{kReplacement, 1, false};
 
 // The smallest code point that may take a sequence of this many bytes; anything below is an overlong form.
-constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
+constexpr std::array<char32_t, 5> kSmallest = {0, 0, 0x80, 0x800, 0x10000};
 
 }  // namespace
 

@@ -95,7 +95,7 @@ class Variant {
   template <typename Number>
   requires(std::same_as<Number, bool> || std::same_as<Number, std::int16_t> || std::same_as<Number, std::int32_t> ||
            std::same_as<Number, std::int64_t> || std::same_as<Number, double> || std::same_as<Number, Date>) Variant&
-  operator=(Number value) noexcept {
+  operator=(Number value) {
     value_ = value;
     return *this;
   }

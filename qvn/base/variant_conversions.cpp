@@ -30,7 +30,7 @@ double textToDouble(const std::string& text) {
 template <typename Whole>
 Whole roundTo(double value) {
   const double rounded = std::nearbyint(value);
-  constexpr double kLowest = static_cast<double>(std::numeric_limits<Whole>::min());
+  constexpr auto kLowest = static_cast<double>(std::numeric_limits<Whole>::min());
   // One past the largest: a power of two, exact as a Double for every width.
   const double limit = std::ldexp(1.0, std::numeric_limits<Whole>::digits);
   if (!(rounded >= kLowest && rounded < limit)) fail(error_number::kOverflow);

@@ -1,6 +1,7 @@
 #include "qvn/data/drivers/sqlite/sqlite_driver.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <string>
 
@@ -112,17 +113,17 @@ struct OpenMode {
   int flags;
 };
 
-constexpr OpenMode kOpenModes[] = {
+constexpr auto kOpenModes = std::to_array<OpenMode>({
     {"ReadWrite", SQLITE_OPEN_READWRITE},
     {"ReadWriteCreate", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE},
     {"ReadOnly", SQLITE_OPEN_READONLY},
-};
+});
 
 int openFlags(const ConnectionString& parameters) {
   const std::string name = parameters.value({"Mode"}).value_or("ReadWrite");
   const auto* mode =
       std::ranges::find_if(kOpenModes, [&](const OpenMode& known) { return equalIgnoringCase(known.name, name); });
-  if (mode != std::end(kOpenModes)) return mode->flags;
+  if (mode != kOpenModes.end()) return mode->flags;
   throw ProviderError(provider_number::kBadConnectionString,
                       "La cadena de conexión tiene un valor de «Mode» que no existe; use ReadWrite, ReadWriteCreate o "
                       "ReadOnly");
