@@ -16,11 +16,11 @@ constexpr std::int64_t kLeast = std::numeric_limits<std::int64_t>::min();
 
 TEST(Currency, RoundsTheFifthDecimalHalfToEven) {
   // The halves are sums of powers of two, so that the Doubles are what is written.
-  const std::pair<double, std::int64_t> rows[] = {{0.03125, 312},      {0.09375, 938},
-                                                  {-0.03125, -312},    {-0.09375, -938},
-                                                  {0.00004, 0},        {0.00006, 1},
-                                                  {1234.56, 12345600}, {-0.0, 0},
-                                                  {0.1 + 0.2, 3000},   {900000000000000.0, 9000000000000000000}};
+  // clang-format off
+  const std::pair<double, std::int64_t> rows[] = {
+      {0.03125, 312}, {0.09375, 938}, {-0.03125, -312}, {-0.09375, -938}, {0.00004, 0}, {0.00006, 1},
+      {1234.56, 12345600}, {-0.0, 0}, {0.1 + 0.2, 3000}, {900000000000000.0, 9000000000000000000}};
+  // clang-format on
   for (const auto& row : rows) EXPECT_EQ(Currency::fromDouble(row.first).scaled(), row.second) << row.first;
 }
 
@@ -35,15 +35,11 @@ TEST(Currency, OverflowsBeyondSixtyFourBits) {
 }
 
 TEST(Currency, WritesNoTrailingZeros) {
-  const std::pair<std::int64_t, std::string_view> rows[] = {{0, "0"},
-                                                            {1, "0.0001"},
-                                                            {-1, "-0.0001"},
-                                                            {9999, "0.9999"},
-                                                            {10000, "1"},
-                                                            {105000, "10.5"},
-                                                            {-1000000, "-100"},
-                                                            {kMost, "922337203685477.5807"},
-                                                            {kLeast, "-922337203685477.5808"}};
+  // clang-format off
+  const std::pair<std::int64_t, std::string_view> rows[] = {
+      {0, "0"}, {1, "0.0001"}, {-1, "-0.0001"}, {9999, "0.9999"}, {10000, "1"}, {105000, "10.5"}, {-1000000, "-100"},
+      {kMost, "922337203685477.5807"}, {kLeast, "-922337203685477.5808"}};
+  // clang-format on
   for (const auto& row : rows) EXPECT_EQ(Currency::fromScaled(row.first).toText(), row.second);
 }
 

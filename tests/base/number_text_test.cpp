@@ -14,39 +14,20 @@ namespace qvn {
 namespace {
 
 TEST(GeneralNumber, KeepsFifteenDigitsAndFifteenDecimals) {
-  struct Row {
-    const char* why;
-    double value;
-    std::string_view expected;
-  };
-  static constexpr Row kRows[] = {{"no decimals", 1234, "1234"},
-                                  {"decimals", -1234.5, "-1234.5"},
-                                  {"zeros of a whole number", 120000, "120000"},
-                                  {"what is left of a subtraction", 5.55e-17, "0"},
-                                  {"negative below the last decimal", -4e-16, "0"},
-                                  {"minus zero", -0.0, "0"},
-                                  {"the sixteenth digit", 0.1 + 0.2, "0.3"},
-                                  {"rounds up to one", 0.9999999999999999, "1"},
-                                  {"a third", 1.0 / 3, "0.333333333333333"},
-                                  {"thousands of a third", 1000.0 / 3, "333.333333333333"},
-                                  {"decimals end before digits do", 0.000012345678901234, "0.000012345678901"},
-                                  {"rounded at the last decimal", 0.0123456789012347, "0.012345678901235"},
-                                  {"the last decimal", 1e-15, "0.000000000000001"},
-                                  {"just above half of it", 5.1e-16, "0.000000000000001"},
-                                  {"just below half of it", 4.9e-16, "0"},
-                                  {"the largest without an exponent", 999999999999999, "999999999999999"},
-                                  {"rounds to the first with one", 999999999999999.9, "1E+15"},
-                                  {"the first with an exponent", 1e15, "1E+15"},
-                                  {"digits with an exponent", -1.5e20, "-1.5E+20"},
-                                  {"fifteen digits with an exponent", 1234567890123456789.0, "1.23456789012346E+18"},
-                                  {"the smallest", 5e-324, "0"},
-                                  {"the largest", 1.7976931348623157e308, "1.79769313486232E+308"},
-                                  {"infinity", -std::numeric_limits<double>::infinity(), "-INF"},
-                                  {"not a number", -std::numeric_limits<double>::quiet_NaN(), "NAN"}};
-  for (const Row& row : kRows) {
-    SCOPED_TRACE(row.why);
-    EXPECT_EQ(generalNumber(row.value), row.expected);
-  }
+  // clang-format off
+  const std::pair<double, std::string_view> rows[] = {
+      {1234, "1234"}, {-1234.5, "-1234.5"}, {120000, "120000"}, {-0.0, "0"},
+      // The sixteenth digit goes.
+      {0.1 + 0.2, "0.3"}, {0.9999999999999999, "1"}, {1.0 / 3, "0.333333333333333"}, {1000.0 / 3, "333.333333333333"},
+      // The sixteenth decimal goes, also before the digits end.
+      {0.000012345678901234, "0.000012345678901"}, {0.0123456789012347, "0.012345678901235"},
+      {1e-15, "0.000000000000001"}, {5.1e-16, "0.000000000000001"}, {4.9e-16, "0"}, {-4e-16, "0"}, {5e-324, "0"},
+      // 1E+15 is the first with an exponent, after rounding.
+      {999999999999999, "999999999999999"}, {999999999999999.9, "1E+15"}, {1e15, "1E+15"}, {-1.5e20, "-1.5E+20"},
+      {1234567890123456789.0, "1.23456789012346E+18"}, {1.7976931348623157e308, "1.79769313486232E+308"},
+      {-std::numeric_limits<double>::infinity(), "-INF"}, {-std::numeric_limits<double>::quiet_NaN(), "NAN"}};
+  // clang-format on
+  for (const auto& row : rows) EXPECT_EQ(generalNumber(row.first), row.second);
 }
 
 TEST(GeneralNumber, PutsTheRegionalSeparatorInAfterwards) {

@@ -2,19 +2,20 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "tests/support/locale_guard.h"
 
 namespace qvn {
 namespace {
 
 TEST(Regional, ReadsTheLocaleInForce) {
+  // clang-format off
   struct Row {
-    const char* locale;
-    const char *decimal, *thousands, *date;
-    DateOrder order;
-    bool usesTwelveHours, isSpanish;
+    const char *locale, *decimal, *thousands, *date; DateOrder order; bool usesTwelveHours, isSpanish;
     const char *march, *mar, *wednesday, *wed;
   };
+  // clang-format on
   using enum DateOrder;
   static constexpr Row kRows[] = {
       {"es_MX.UTF-8", ".", ",", "/", DayMonthYear, false, true, "marzo", "mar", "miércoles", "mié"},
@@ -49,23 +50,16 @@ TEST(Regional, NamesGoFromJanuaryAndSunday) {
 }
 
 TEST(Regional, KnowsTheCurrency) {
-  struct Row {
-    const char* locale;
-    const char* symbol;
-    bool precedes, spaced;
-  };
-  static constexpr Row kRows[] = {{"es_MX.UTF-8", "$", true, true},
-                                  {"es_ES.UTF-8", "€", false, true},
-                                  {"en_US.UTF-8", "$", true, false},
-                                  {"C", "", true, false}};
-  for (const Row& row : kRows) {
-    SCOPED_TRACE(row.locale);
-    const test::LocaleGuard guard(row.locale);
+  // clang-format off
+  const std::pair<const char*, std::tuple<std::string, bool, bool, int>> rows[] = {
+      {"es_MX.UTF-8", {"$", true, true, 2}}, {"es_ES.UTF-8", {"€", false, true, 2}},
+      {"en_US.UTF-8", {"$", true, false, 2}}, {"C", {"", true, false, 2}}};
+  // clang-format on
+  for (const auto& row : rows) {
+    const test::LocaleGuard guard(row.first);
     const CurrencyStyle style = currencyStyle();
-    EXPECT_EQ(style.symbol, row.symbol);
-    EXPECT_EQ(style.symbolPrecedes, row.precedes);
-    EXPECT_EQ(style.spaceBetween, row.spaced);
-    EXPECT_EQ(style.decimals, 2);
+    EXPECT_EQ(std::tie(style.symbol, style.symbolPrecedes, style.spaceBetween, style.decimals), row.second)
+        << row.first;
   }
 }
 
