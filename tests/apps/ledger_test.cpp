@@ -16,9 +16,9 @@ class LedgerCommand : public testing::TestWithParam<Engine> {
 
   void execute(const std::string& sql) const { database_->connect()->Execute(sql); }
 
-  [[nodiscard]] Outcome runHere(std::vector<std::string> arguments, const std::string& locale = "C") const {
-    return run({.arguments = std::move(arguments),
-                .environment = {"QVN_CONEXION=" + database_->connectionString(), "LC_ALL=" + locale}});
+  [[nodiscard]] Call call(const std::vector<std::string>& arguments, const std::string& locale = "C") const {
+    return {.arguments = arguments,
+            .environment = {"QVN_CONEXION=" + database_->connectionString(), "LC_ALL=" + locale}};
   }
 
   std::unique_ptr<TestDatabase> database_;
@@ -26,64 +26,42 @@ class LedgerCommand : public testing::TestWithParam<Engine> {
 INSTANTIATE_TEST_SUITE_P(Engines, LedgerCommand, testing::ValuesIn(engines()), engineName);
 
 TEST_P(LedgerCommand, SaldoShowsBeforeAndAfter) {
-  // 1007 is paid in full: 3,220.00 remained of it.
+  // 1007 is paid in full: 3,220.00 remained of it. 1009 has one charge of 450.00 dollars.
   execute("INSERT INTO cobdet VALUES (90, 1007, '2026-03-03', 'A', 'Pago', 3220.00, 507)");
-  // 1009 has one charge of 450.00 dollars.
   execute("UPDATE cobranza SET saldo = 99, estado = 'S' WHERE cobranza = 1009");
-  const Outcome outcome = runHere({"saldo", "1007", "1009"});
-  EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.err, "");
   // Both belong to C003, whose total is that after the last of them: 450.00 x 17.05.
-  EXPECT_EQ(outcome.out,
+  EXPECT_EQ(expectRun(0, call({"saldo", "1007", "1009"})).out,
             "cobranza  cliente  saldo antes   saldo  estado  saldo del cliente\n"
             "────────  ───────  ───────────  ──────  ──────  ─────────────────\n"
             "    1007  C003        3,220.00    0.00  S                7,672.50\n"
             "    1009  C003           99.00  450.00  P                7,672.50\n");
 }
 
-TEST_P(LedgerCommand, SaldoDoesTheOthersWhenOneIsUnknown) {
+TEST_P(LedgerCommand, SaldoTellsOfUnknownAndFailedDocuments) {
   execute("UPDATE cobranza SET saldo = 0 WHERE cobranza = 1008");
-  const Outcome outcome = runHere({"saldo", "999", "1008"}, "es_ES.UTF-8");
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err, "qvn: no existe el documento 999 en «cobranza»\n");
-  EXPECT_NE(outcome.out.find("    1008  C006            0,00  2.500,00  P                2.500,00\n"),
-            std::string::npos)
-      << outcome.out;
-}
+  const Outcome others =
+      expectRun(1, call({"saldo", "999", "1008"}, "es_ES.UTF-8"), {"qvn: no existe el documento 999 en «cobranza»\n"});
+  expectHolds(others.out, {"    1008  C006            0,00  2.500,00  P                2.500,00\n"});
 
-TEST_P(LedgerCommand, SaldoNamesTheDocumentThatFailed) {
   execute("UPDATE cobranza SET tip_cam = NULL WHERE cliente = 'C006'");
-  const Outcome outcome = runHere({"saldo", "1007", "1008", "1009"});
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_TRUE(outcome.err.starts_with("qvn: falló el documento 1008; los anteriores quedaron escritos\n"))
-      << outcome.err;
-  EXPECT_NE(outcome.err.find("error 94"), std::string::npos) << outcome.err;
-  EXPECT_NE(outcome.err.find("tip_cam"), std::string::npos) << outcome.err;
-}
-
-TEST_P(LedgerCommand, NothingRunsWhenOneNumberIsWrong) {
-  const Outcome outcome = runHere({"saldo", "--traza", "1007", "1008 OR 1=1"});
-  EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err.find("UPDATE"), std::string::npos) << outcome.err;
+  expectRun(1, call({"saldo", "1007", "1008", "1009"}),
+            {"qvn: falló el documento 1008; los anteriores quedaron escritos\n", "error 94", "tip_cam"});
 }
 
 TEST_P(LedgerCommand, TheTraceShowsTheLibrarysStatements) {
-  const Outcome outcome = runHere({"por-aplicar", "--traza", "503"});
+  const Outcome wrong = expectRun(2, call({"saldo", "--traza", "1007", "1008 OR 1=1"}), {"«1008 OR 1=1»"});
+  EXPECT_EQ(wrong.err.find("UPDATE"), std::string::npos) << "nothing runs when one number is wrong";
+  const Outcome outcome = run(call({"por-aplicar", "--traza", "503"}));
   EXPECT_EQ(outcome.status, 0);
-  const std::string expected =
-      "SELECT SUM(importe) FROM cobdet WHERE abono = 503\n"
-      "UPDATE caja SET por_apli = importe - 1850 WHERE abono = 503\n"
-      "UPDATE caja SET aplicado = 1 WHERE por_apli = 0 AND abono = 503\n";
-  EXPECT_NE(outcome.err.find(expected), std::string::npos) << outcome.err;
+  expectHolds(outcome.err, {"SELECT SUM(importe) FROM cobdet WHERE abono = 503\n"
+                            "UPDATE caja SET por_apli = importe - 1850 WHERE abono = 503\n"
+                            "UPDATE caja SET aplicado = 1 WHERE por_apli = 0 AND abono = 503\n"});
 }
 
 TEST_P(LedgerCommand, PorAplicarShowsBeforeAndAfter) {
   // What remained of 506, 1,744.70, goes to document 1007; of 503 nothing changes.
   execute("INSERT INTO cobdet VALUES (90, 1007, '2026-03-03', 'A', 'Pago', 1744.70, 506)");
-  const Outcome outcome = runHere({"por-aplicar", "506", "7", "503"});
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err, "qvn: no existe el abono 7 en «caja»\n");
-  EXPECT_EQ(outcome.out,
+  EXPECT_EQ(expectRun(1, call({"por-aplicar", "506", "7", "503"}), {"qvn: no existe el abono 7 en «caja»\n"}).out,
             "abono    importe  por aplicar antes  por aplicar  aplicado\n"
             "─────  ─────────  ─────────────────  ───────────  ────────\n"
             "  506  10,000.00           1,744.70         0.00  Sí\n"

@@ -24,19 +24,18 @@ TEST(ParseArguments, TakesOptionsAndOperandsInAnyOrder) {
     bool isWhole;
     Words operands;
   };
+  // clang-format off
   const Row rows[] = {
-      {"nothing", {}, std::nullopt, false, {}},
+      {"nothing", {}, {}, false, {}}, {"an empty value", {"--conexion="}, "", false, {}},
       {"value in the next word", {"--conexion", "a;b=c", "x"}, "a;b=c", false, {"x"}},
       {"value after =, which may hold = itself", {"--conexion=a=b"}, "a=b", false, {}},
-      {"an empty value", {"--conexion="}, "", false, {}},
       {"short, apart and together", {"-c", "uno", "-cdos"}, "dos", false, {}},
       {"a value that looks like an option", {"-c", "--completo"}, "--completo", false, {}},
-      {"options behind operands", {"x", "--completo", "y"}, std::nullopt, true, {"x", "y"}},
-      {"negative numbers are operands", {"-5", "-.5", "-,5", "-"}, std::nullopt, false, {"-5", "-.5", "-,5", "-"}},
-      {"-- ends the options", {"--", "--completo", "--"}, std::nullopt, false, {"--completo", "--"}},
-      {"no help is asked for behind --", {"--", "--help"}, std::nullopt, false, {"--help"}},
-      {"an empty word is an operand", {""}, std::nullopt, false, {""}},
+      {"options behind operands", {"x", "--completo", "y"}, {}, true, {"x", "y"}},
+      {"operands all", {"-5", "-.5", "-,5", "-", ""}, {}, false, {"-5", "-.5", "-,5", "-", ""}},
+      {"-- ends the options", {"--", "--help", "--"}, {}, false, {"--help", "--"}},
   };
+  // clang-format on
   for (const Row& row : rows) {
     SCOPED_TRACE(row.why);
     const Arguments arguments = parseArguments(kOptions, row.words);
@@ -48,26 +47,20 @@ TEST(ParseArguments, TakesOptionsAndOperandsInAnyOrder) {
 }
 
 TEST(ParseArguments, RefusesWhatItDoesNotKnow) {
-  struct Row {
-    const char* why;
-    Words words;
-    std::string said;
+  // clang-format off
+  const std::pair<Words, std::string> rows[] = {
+      {{"--nada=1"}, "«--nada»"}, {{"-x1"}, "«-x»"}, {{"--complet"}, "«--complet»"},  // names are not completed
+      {{"-\0"sv}, "no existe"}, {{"x", "-c"}, "falta el valor de la opción «-c»"},    // letter 0 is nobody's
+      {{"--completo=sí"}, "«--completo» no lleva valor"},
   };
-  const Row rows[] = {
-      {"unknown long option", {"--nada=1"}, "«--nada»"},
-      {"names are not completed", {"--complet"}, "«--complet»"},
-      {"unknown letter", {"-x1"}, "«-x»"},
-      {"the letter 0 is nobody's", {"-\0"sv}, "no existe"},
-      {"value missing at the end", {"x", "-c"}, "falta el valor de la opción «-c»"},
-      {"value for an option without one", {"--completo=sí"}, "«--completo» no lleva valor"},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.why);
+  // clang-format on
+  for (const auto& [words, said] : rows) {
+    SCOPED_TRACE(said);
     try {
-      parseArguments(kOptions, row.words);
+      parseArguments(kOptions, words);
       ADD_FAILURE() << "accepted";
     } catch (const UsageError& error) {
-      EXPECT_NE(std::string(error.what()).find(row.said), std::string::npos) << error.what();
+      EXPECT_NE(std::string(error.what()).find(said), std::string::npos) << error.what();
     }
   }
 }

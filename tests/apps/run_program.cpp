@@ -1,7 +1,7 @@
 #include "tests/apps/run_program.h"
 
 #include <fcntl.h>
-#include <spawn.h>
+#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -41,51 +41,18 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts) {
   return pointers;
 }
 
-// What the child does between fork and exec.
-class SpawnActions {
- public:
-  SpawnActions() { posix_spawn_file_actions_init(&actions_); }
-  ~SpawnActions() { posix_spawn_file_actions_destroy(&actions_); }
-  SpawnActions(const SpawnActions&) = delete;
-  SpawnActions& operator=(const SpawnActions&) = delete;
-
-  void open(int descriptor, const std::string& file, int flags) {
-    posix_spawn_file_actions_addopen(&actions_, descriptor, file.c_str(), flags, 0600);
-  }
-  void duplicate(int from, int to) { posix_spawn_file_actions_adddup2(&actions_, from, to); }
-  void enter(const std::filesystem::path& folder) { posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str()); }
-  [[nodiscard]] const posix_spawn_file_actions_t* get() const { return &actions_; }
-
- private:
-  posix_spawn_file_actions_t actions_{};
-};
-
-// As a shell starts programs: whoever started the tests may have had this signal ignored, and that is inherited.
-class SpawnAttributes {
- public:
-  SpawnAttributes() {
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGPIPE);
-    posix_spawnattr_init(&attributes_);
-    posix_spawnattr_setsigdefault(&attributes_, &signals);
-    posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF);
-  }
-  ~SpawnAttributes() { posix_spawnattr_destroy(&attributes_); }
-  SpawnAttributes(const SpawnAttributes&) = delete;
-  SpawnAttributes& operator=(const SpawnAttributes&) = delete;
-  [[nodiscard]] const posix_spawnattr_t* get() const { return &attributes_; }
-
- private:
-  posix_spawnattr_t attributes_{};
-};
-
 int waitFor(pid_t process) {
   int status = 0;
   while (waitpid(process, &status, 0) < 0) {
     if (errno != EINTR) throw std::system_error(errno, std::generic_category(), "waitpid");
   }
   return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
+int openFile(const std::string& file, int flags) {
+  const int descriptor = open(file.c_str(), flags | O_CLOEXEC, 0600);
+  if (descriptor < 0) throw std::system_error(errno, std::generic_category(), file);
+  return descriptor;
 }
 
 // The writing end of a pipe that nobody reads.
@@ -108,26 +75,40 @@ Outcome run(const Call& call) {
   std::vector<std::string> words{call.program.empty() ? QVN_PROGRAM : call.program};
   words.insert(words.end(), call.arguments.begin(), call.arguments.end());
   std::vector<std::string> variables = environmentFor(call);
+  const std::vector<char*> argv = pointersTo(words);
+  const std::vector<char*> environment = pointersTo(variables);
+  const int streams[] = {openFile(input, O_RDONLY),
+                         call.hasReader ? openFile(output, O_WRONLY | O_CREAT) : brokenPipe(),
+                         openFile(messages, O_WRONLY | O_CREAT)};
 
-  SpawnActions actions;
-  actions.open(STDIN_FILENO, input, O_RDONLY);
-  const int broken = call.hasReader ? -1 : brokenPipe();
-  if (call.hasReader) {
-    actions.open(STDOUT_FILENO, output, O_WRONLY | O_CREAT);
-  } else {
-    actions.duplicate(broken, STDOUT_FILENO);
+  const pid_t process = fork();
+  if (process == 0) {
+    // As a shell starts programs: whoever started the tests may have had this signal ignored, and that is inherited.
+    std::signal(SIGPIPE, SIG_DFL);
+    for (int i = 0; i < 3; ++i) dup2(streams[i], i);
+    if (call.folder.empty() || chdir(call.folder.c_str()) == 0) execve(argv[0], argv.data(), environment.data());
+    _exit(127);
   }
-  actions.open(STDERR_FILENO, messages, O_WRONLY | O_CREAT);
-  if (!call.folder.empty()) actions.enter(call.folder);
-
-  const SpawnAttributes attributes;
-  pid_t process = 0;
-  const int failure = posix_spawn(&process, words.front().c_str(), actions.get(), attributes.get(),
-                                  pointersTo(words).data(), pointersTo(variables).data());
-  if (broken >= 0) close(broken);
-  if (failure != 0) throw std::runtime_error("cannot start " + words.front());
+  for (const int stream : streams) close(stream);
+  if (process < 0) throw std::runtime_error("cannot fork");
   const int status = waitFor(process);
   return {status, call.hasReader && call.outputFile.empty() ? readFile(output) : "", readFile(messages)};
+}
+
+Outcome expectRun(int status, const Call& call, const std::vector<std::string>& said) {
+  SCOPED_TRACE("qvn " + testing::PrintToString(call.arguments));
+  const Outcome outcome = run(call);
+  EXPECT_EQ(outcome.status, status);
+  EXPECT_EQ(outcome.err.starts_with("qvn: "), !said.empty()) << outcome.err;
+  EXPECT_EQ(outcome.err.empty(), said.empty()) << outcome.err;
+  expectHolds(outcome.err, said);
+  return outcome;
+}
+
+void expectHolds(const std::string& text, const std::vector<std::string>& pieces) {
+  for (const std::string& piece : pieces) {
+    EXPECT_NE(text.find(piece), std::string::npos) << "missing: " << piece << "\nin: " << text;
+  }
 }
 
 TempFolder::TempFolder() {

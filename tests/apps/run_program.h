@@ -26,11 +26,21 @@ struct Outcome {
   std::string err;
 };
 
-/// Throws std::runtime_error when the program cannot be started.
+/// The status is 127 when the program cannot be started.
 Outcome run(const Call& call);
 
 /// A run of qvn without anything special.
 inline Outcome runQvn(std::vector<std::string> arguments) { return run({.arguments = std::move(arguments)}); }
+
+/// A run that has to end with `status`. Its messages have to hold each of the pieces, and to begin as the program's do;
+/// without pieces it has to say nothing.
+Outcome expectRun(int status, const Call& call, const std::vector<std::string>& said = {});
+
+/// Each of the pieces has to stand in the text.
+void expectHolds(const std::string& text, const std::vector<std::string>& pieces);
+
+/// An empty database for a run.
+inline const std::string kMemory = "Provider=SQLite;Data Source=:memory:";
 
 /// An empty folder, removed with the object.
 class TempFolder {
