@@ -10,11 +10,6 @@
 namespace qvn::data::sqlite {
 namespace {
 
-std::string_view bytesOf(sqlite3_value* cell) {
-  const auto* bytes = static_cast<const char*>(sqlite3_value_blob(cell));
-  return {bytes == nullptr ? "" : bytes, static_cast<std::size_t>(sqlite3_value_bytes(cell))};
-}
-
 template <typename Whole>
 bool fits(std::int64_t number) {
   return number >= std::numeric_limits<Whole>::min() && number <= std::numeric_limits<Whole>::max();

@@ -12,8 +12,15 @@
 
 namespace qvn::data::sqlite {
 
+inline std::string_view bytesOf(sqlite3_value* cell) {
+  const auto* bytes = static_cast<const char*>(sqlite3_value_blob(cell));
+  return {bytes == nullptr ? "" : bytes, static_cast<std::size_t>(sqlite3_value_bytes(cell))};
+}
+
 inline std::string_view textOf(sqlite3_value* cell) {
-  // In this order: the first call may convert the text, the second one then tells its length in UTF-8.
+  // Asked for as bytes, a text stays where it lies in the page; asked for as text, it is copied to end in a NUL.
+  if (sqlite3_value_encoding(cell) == SQLITE_UTF8) return bytesOf(cell);
+  // In this order: the first call converts the text, the second one then tells its length in UTF-8.
   const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(cell));
   return {text == nullptr ? "" : text, static_cast<std::size_t>(sqlite3_value_bytes(cell))};
 }

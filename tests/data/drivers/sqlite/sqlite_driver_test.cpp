@@ -87,6 +87,13 @@ TEST_F(SqliteDriverTest, LiteralsReadBack) {
   EXPECT_EQ(session_->literal(Date(0.75), FieldType::DbTime), "'18:00:00'");
 }
 
+TEST_F(SqliteDriverTest, TextsOfADatabaseInUtf16ComeAsUtf8) {
+  session_->execute("PRAGMA encoding = 'UTF-16le'");
+  session_->execute("CREATE TABLE t (a VARCHAR(20))");
+  session_->execute("INSERT INTO t VALUES ('Ñandú €')");
+  EXPECT_EQ(first("SELECT a FROM t").toText(), "Ñandú €");
+}
+
 TEST_F(SqliteDriverTest, OnlyOneStatementAtATime) {
   EXPECT_NO_THROW(session_->execute("SELECT 1; -- nota\n ;"));
   EXPECT_THROW(session_->execute("SELECT 1; SELECT 2"), ProviderError);
