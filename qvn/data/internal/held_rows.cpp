@@ -11,10 +11,10 @@ class HeldRows final : public RowSource {
       std::vector<Variant>& row = rows_.emplace_back(columns);
       for (std::size_t i = 0; i < columns; ++i) cursor.read(i, row[i]);
     }
+    jump(0);
   }
 
   [[nodiscard]] bool isBeforeFirst() const override { return (at_ < 0 || rows_.empty()) && !isBetween_; }
-  [[nodiscard]] bool isAfterLast() const override { return at_ >= size() && !isBetween_; }
   [[nodiscard]] bool hasRow() const override { return at_ >= 0 && at_ < size() && !isBetween_; }
   [[nodiscard]] std::int64_t count() const override { return size(); }
   [[nodiscard]] std::int64_t position() const override { return hasRow() ? at_ + 1 : -1; }
@@ -33,6 +33,7 @@ class HeldRows final : public RowSource {
   void removeCurrent() override {
     rows_.erase(rows_.begin() + at_);
     isBetween_ = true;
+    isAfterLast_ = false;
   }
 
  private:
@@ -41,6 +42,7 @@ class HeldRows final : public RowSource {
   void jump(std::int64_t to) {
     at_ = to;
     isBetween_ = false;
+    isAfterLast_ = at_ >= size();
   }
 
   std::vector<std::vector<Variant>> rows_;

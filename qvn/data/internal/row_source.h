@@ -15,7 +15,8 @@ class RowSource {
  public:
   virtual ~RowSource() = default;
   [[nodiscard]] virtual bool isBeforeFirst() const = 0;
-  [[nodiscard]] virtual bool isAfterLast() const = 0;
+  // Asked twice for every row, and so no call of its own.
+  [[nodiscard]] bool isAfterLast() const { return isAfterLast_; }
   [[nodiscard]] virtual bool hasRow() const = 0;
   /// Number of rows, -1 when it is not known.
   [[nodiscard]] virtual std::int64_t count() const = 0;
@@ -35,6 +36,9 @@ class RowSource {
   /// Takes in a row that was inserted; a held one becomes the current row.
   virtual void append(std::vector<Variant> row) = 0;
   virtual void removeCurrent() = 0;
+
+ protected:
+  bool isAfterLast_ = false;
 };
 
 /// Reads one row at a time; stands on the first one when it returns. The cursor must outlive the rows.

@@ -18,7 +18,6 @@ class StreamedRows final : public RowSource {
   }
 
   [[nodiscard]] bool isBeforeFirst() const override { return isEmpty_; }
-  [[nodiscard]] bool isAfterLast() const override { return isAfterLast_; }
   [[nodiscard]] bool hasRow() const override { return hasRow_; }
   [[nodiscard]] std::int64_t count() const override { return -1; }
   [[nodiscard]] std::int64_t position() const override { return -1; }
@@ -59,7 +58,6 @@ class StreamedRows final : public RowSource {
   std::uint64_t row_ = 1;
   bool hasRow_ = false;
   bool isEmpty_ = false;
-  bool isAfterLast_ = false;
 };
 
 }  // namespace
