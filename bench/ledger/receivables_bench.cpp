@@ -122,8 +122,13 @@ void updateBalanceRaw(RawSession& session, int number) {
 }
 
 template <typename Run>
-void createShop(Run run) {
+void dropShop(Run run) {
   for (const char* table : {"clients", "cobranza", "cobdet"}) run("DROP TABLE IF EXISTS " + std::string(table));
+}
+
+template <typename Run>
+void createShop(Run run) {
+  dropShop(run);
   run("CREATE TABLE clients (cliente VARCHAR(20) PRIMARY KEY, saldo DOUBLE)");
   run("CREATE TABLE cobranza (cobranza INTEGER PRIMARY KEY, cliente VARCHAR(20), saldo DOUBLE, tip_cam DOUBLE, "
       "estado CHAR(1))");
@@ -160,7 +165,7 @@ void registerUpdates(const char* name, Update update, Run run) {
       ->MinTime(0.3);
 }
 
-void registerQvn(const char* name, const std::string& connectionString) {
+ConnectionPtr registerQvn(const char* name, const std::string& connectionString) {
   const ConnectionPtr connection = Connection::create();
   connection->Open(connectionString);
   const auto run = [connection](const std::string& sql) { connection->Execute(sql); };
@@ -169,6 +174,7 @@ void registerQvn(const char* name, const std::string& connectionString) {
   auto query = std::make_shared<qvn::host::QueryPtr>();
   registerUpdates(
       name, [=](int document) { qvn::ledger::ActualizaSaldo(document, ambiente, *query); }, run);
+  return connection;
 }
 
 void registerRaw(const char* name, const std::shared_ptr<RawSession>& session) {
@@ -184,7 +190,9 @@ int main(int argc, char** argv) {
   qvn::data::registerBuiltInDrivers();
   registerQvn("ActualizaSaldo_sqlite/qvn", "Provider=SQLite;Data Source=:memory:");
   registerRaw("ActualizaSaldo_sqlite/raw", std::make_shared<RawSqlite>());
-  registerQvn("ActualizaSaldo_mysql/qvn", qvn::bench::mysqlConnectionString());
+  const ConnectionPtr mysql = registerQvn("ActualizaSaldo_mysql/qvn", qvn::bench::mysqlConnectionString());
   registerRaw("ActualizaSaldo_mysql/raw", std::make_shared<RawMysql>());
-  return qvn::bench::runBesidePeers(argc, argv);
+  const int status = qvn::bench::runBesidePeers(argc, argv);
+  dropShop([&](const std::string& sql) { mysql->Execute(sql); });
+  return status;
 }

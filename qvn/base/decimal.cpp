@@ -1,13 +1,13 @@
 #include "qvn/base/decimal.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <system_error>
 
 #include "qvn/base/decimal_digits.h"
 #include "qvn/base/runtime_error.h"
+#include "qvn/base/scientific.h"
 
 namespace qvn {
 namespace {
@@ -86,25 +86,8 @@ std::string canonical(bool isNegative, DecimalDigits number) {
 // The 15 significant digits of a finite number that is not negative, without trailing zeros in the decimals.
 DecimalDigits significantDigits(double value) {
   constexpr int kSignificantDigits = 15;
-  std::array<char, 32> buffer{};  // "1.79769313486232e+308" and to spare
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific,
-                                 kSignificantDigits - 1);
-  const std::string_view text(buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data()));
-  const std::size_t mark = text.find('e');
-  std::size_t exponent = 0;
-  std::from_chars(text.data() + mark + 2, end.ptr, exponent);
-  std::string digits(1, text.front());
-  digits.append(text.substr(2, mark - 2));
-  DecimalDigits number;
-  if (text[mark + 1] == '-') {
-    number.decimals.append(exponent - 1, '0').append(digits);
-  } else if (exponent + 1 < digits.size()) {
-    number = {digits.substr(0, exponent + 1), digits.substr(exponent + 1)};
-  } else {
-    number.whole = digits.append(exponent + 1 - digits.size(), '0');
-  }
-  number.decimals.resize(number.decimals.find_last_not_of('0') + 1);
-  return number;
+  const Scientific rounded = roundedScientific(value, kSignificantDigits);
+  return placePoint(rounded.digits(), rounded.exponent() + 1);
 }
 
 // True when decimals that are cut off behind the digit `last` round it away from zero, half to even.

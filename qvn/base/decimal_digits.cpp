@@ -4,6 +4,22 @@
 
 namespace qvn {
 
+DecimalDigits placePoint(std::string_view digits, std::int64_t pointAt) {
+  DecimalDigits number;
+  if (pointAt <= 0) {
+    number.decimals.assign(static_cast<std::size_t>(-pointAt), '0').append(digits);
+    return number;
+  }
+  const auto whole = static_cast<std::size_t>(pointAt);
+  number.whole = digits.substr(0, whole);
+  if (whole < digits.size()) {
+    number.decimals = digits.substr(whole);
+  } else {
+    number.whole.resize(whole, '0');
+  }
+  return number;
+}
+
 bool incrementDigits(std::string& digits) {
   for (std::size_t i = digits.size(); i-- > 0;) {
     if (digits[i] != '9') {

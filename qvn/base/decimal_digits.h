@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,9 @@ struct DecimalDigits {
   std::string whole;
   std::string decimals;
 };
+
+/// The number 0.digits x 10^pointAt.
+DecimalDigits placePoint(std::string_view digits, std::int64_t pointAt);
 
 /// Rounds half away from zero to `count` decimals; afterwards there are exactly `count` of them.
 void roundDecimals(DecimalDigits& number, std::size_t count);

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "qvn/base/decimal_digits.h"
+#include "qvn/base/scientific.h"
 #include "qvn/base/utf8.h"
 
 namespace qvn {
@@ -15,76 +17,26 @@ namespace {
 constexpr int kSignificantDigits = 15;
 constexpr int kMostDecimals = 15;
 
-// Room for the longest scientific text of a Double ("-1.7976931348623157e+308") and for "-0." with 15 decimals.
-using NumberBuffer = std::array<char, 40>;
-
-// A number as its significant digits and the power of ten of the first one, without trailing zeros.
-struct Scientific {
-  std::array<char, 20> digits{};
-  int count = 0;
-  int exponent = 0;
-  bool negative = false;
-};
-
-// Takes apart to_chars' scientific form, such as "-1.25e-07".
-Scientific readScientific(std::string_view text) {
-  Scientific number;
-  if (text.front() == '-') {
-    number.negative = true;
-    text.remove_prefix(1);
-  }
-  const std::size_t mark = text.find('e');
-  for (const char c : text.substr(0, mark)) {
-    if (c != '.') number.digits[static_cast<std::size_t>(number.count++)] = c;
-  }
-  while (number.count > 1 && number.digits[static_cast<std::size_t>(number.count) - 1] == '0') --number.count;
-  std::string_view exponent = text.substr(mark + 1);
-  if (exponent.front() == '+') exponent.remove_prefix(1);
-  std::from_chars(exponent.data(), exponent.data() + exponent.size(), number.exponent);
-  return number;
-}
-
-template <typename Number>
-Scientific shortestDigits(Number value) {
-  NumberBuffer buffer;
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific);
-  return readScientific({buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data())});
-}
-
-Scientific roundedDigits(double value) {
-  NumberBuffer buffer;
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific,
-                                 kSignificantDigits - 1);
-  return readScientific({buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data())});
-}
-
 std::string writeExponent(const Scientific& number) {
-  std::string text(number.negative ? "-" : "");
-  text.push_back(number.digits[0]);
-  if (number.count > 1) text.append(".").append(number.digits.data() + 1, static_cast<std::size_t>(number.count - 1));
-  text.append(number.exponent < 0 ? "E-" : "E+").append(std::to_string(std::abs(number.exponent)));
+  const std::string_view digits = number.digits();
+  std::string text(number.isNegative() ? "-" : "");
+  text.push_back(digits.front());
+  if (digits.size() > 1) text.append(".").append(digits.substr(1));
+  text.append(number.exponent() < 0 ? "E-" : "E+").append(std::to_string(std::abs(number.exponent())));
   return text;
 }
 
 std::string writePlain(const Scientific& number) {
-  std::string text(number.negative ? "-" : "");
-  const auto count = static_cast<std::size_t>(number.count);
-  if (number.exponent < 0) {
-    text.append("0.").append(static_cast<std::size_t>(-number.exponent) - 1, '0').append(number.digits.data(), count);
-    return text;
-  }
-  const auto whole = static_cast<std::size_t>(number.exponent) + 1;
-  if (count <= whole) {
-    text.append(number.digits.data(), count).append(whole - count, '0');
-  } else {
-    text.append(number.digits.data(), whole).append(".").append(number.digits.data() + whole, count - whole);
-  }
+  const DecimalDigits parts = placePoint(number.digits(), number.exponent() + 1);
+  std::string text(number.isNegative() ? "-" : "");
+  text.append(parts.whole.empty() ? "0" : parts.whole);
+  if (!parts.decimals.empty()) text.append(".").append(parts.decimals);
   return text;
 }
 
 // A value below 1 whose digits reach past the last decimal that is shown.
 std::string writeBelowOne(double value) {
-  NumberBuffer buffer;
+  std::array<char, 40> buffer;  // "-0." with 15 decimals and to spare
   const auto end =
       std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, kMostDecimals);
   std::string_view text(buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data()));
@@ -103,8 +55,8 @@ std::optional<std::string> writeSpecial(double value) {
 template <typename Number>
 std::string writeShortest(Number value) {
   if (auto special = writeSpecial(static_cast<double>(value))) return *special;
-  const Scientific number = shortestDigits(value);
-  const bool isPlain = number.exponent < kSignificantDigits && number.exponent >= -kMostDecimals;
+  const Scientific number = shortestScientific(value);
+  const bool isPlain = number.exponent() < kSignificantDigits && number.exponent() >= -kMostDecimals;
   return isPlain ? writePlain(number) : writeExponent(number);
 }
 
@@ -169,10 +121,11 @@ std::optional<double> readPlain(const std::string& number) {
 
 std::string generalNumber(double value) {
   if (auto special = writeSpecial(value)) return *special;
-  Scientific number = shortestDigits(value);
-  if (number.count > kSignificantDigits) number = roundedDigits(value);
-  if (number.exponent >= kSignificantDigits) return writeExponent(number);
-  if (number.count - 1 - number.exponent > kMostDecimals) return writeBelowOne(value);
+  Scientific number = shortestScientific(value);
+  if (number.digits().size() > kSignificantDigits) number = roundedScientific(value, kSignificantDigits);
+  if (number.exponent() >= kSignificantDigits) return writeExponent(number);
+  const int decimals = static_cast<int>(number.digits().size()) - 1 - number.exponent();
+  if (decimals > kMostDecimals) return writeBelowOne(value);
   return writePlain(number);
 }
 
@@ -185,7 +138,7 @@ std::string regionalNumber(double value) {
 std::string shortestNumber(double value) { return writeShortest(value); }
 std::string shortestNumber(float value) { return writeShortest(value); }
 
-std::optional<std::string> plainNumber(std::string_view text, const RegionalSettings& regional) {
+std::optional<std::string> plainNumber(std::string_view text, const NumberSeparators& separators) {
   text = utf8::trimBlanks(text);
   std::string number;
   number.reserve(text.size());
@@ -193,8 +146,8 @@ std::optional<std::string> plainNumber(std::string_view text, const RegionalSett
     if (text.front() == '-') number.push_back('-');
     text.remove_prefix(1);
   }
-  std::size_t digits = takeDigits(text, number, regional.thousandsSeparator);
-  if (takePrefix(text, regional.decimalSeparator)) {
+  std::size_t digits = takeDigits(text, number, separators.thousandsSeparator);
+  if (takePrefix(text, separators.decimalSeparator)) {
     number.push_back('.');
     digits += takeDigits(text, number, {});
   }
@@ -202,11 +155,11 @@ std::optional<std::string> plainNumber(std::string_view text, const RegionalSett
   return number;
 }
 
-std::optional<double> parseNumber(std::string_view text, const RegionalSettings& regional) {
-  const auto number = plainNumber(text, regional);
+std::optional<double> parseNumber(std::string_view text, const NumberSeparators& separators) {
+  const auto number = plainNumber(text, separators);
   return number ? readPlain(*number) : std::nullopt;
 }
 
-std::optional<double> parseNumber(std::string_view text) { return parseNumber(text, regionalSettings()); }
+std::optional<double> parseNumber(std::string_view text) { return parseNumber(text, numberSeparators()); }
 
 }  // namespace qvn

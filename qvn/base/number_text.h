@@ -24,11 +24,11 @@ std::string shortestNumber(float value);
 
 /// The number that parseNumber reads in `text`, with "." as the separator and its exponent, if any, after an "e":
 /// "-1234.5e-3" for " -1,234.5D-3 ". Nothing for other text.
-std::optional<std::string> plainNumber(std::string_view text, const RegionalSettings& regional);
+std::optional<std::string> plainNumber(std::string_view text, const NumberSeparators& separators);
 
 /// Reads a number by regional conventions: blanks around, one sign, thousands separators in the integer part, an
 /// exponent with E or D. Nothing when anything else is found or the value is out of range.
-std::optional<double> parseNumber(std::string_view text, const RegionalSettings& regional);
+std::optional<double> parseNumber(std::string_view text, const NumberSeparators& separators);
 std::optional<double> parseNumber(std::string_view text);
 
 }  // namespace qvn

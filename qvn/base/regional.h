@@ -8,17 +8,22 @@ namespace qvn {
 
 enum class DateOrder { DayMonthYear, MonthDayYear, YearMonthDay };
 
-struct RegionalSettings {
+struct NumberSeparators {
   std::string decimalSeparator = ".";    ///< UTF-8, never empty
   std::string thousandsSeparator = ",";  ///< UTF-8; beside a decimal "." a "," where the locale has none or a blank
+};
+
+struct RegionalSettings : NumberSeparators {
   std::string dateSeparator = "/";
   DateOrder dateOrder = DateOrder::MonthDayYear;
   bool usesTwelveHours = false;
   bool isSpanish = false;  ///< the language of dates is Spanish
 };
 
-/// The separator between the integer part and the decimals; the cheap part of regionalSettings().
+// The cheap parts of regionalSettings(): numbers are read and written far more often than dates.
+/// The separator between the integer part and the decimals.
 std::string decimalSeparator();
+NumberSeparators numberSeparators();
 
 /// All settings of the locale in force on this thread.
 RegionalSettings regionalSettings();

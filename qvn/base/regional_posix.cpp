@@ -107,10 +107,15 @@ std::string decimalSeparator() {
   return separator.empty() ? "." : separator;
 }
 
+NumberSeparators numberSeparators() {
+  NumberSeparators separators;
+  separators.decimalSeparator = decimalSeparator();
+  separators.thousandsSeparator = thousandsSeparator(langinfo(THOUSEP), separators.decimalSeparator);
+  return separators;
+}
+
 RegionalSettings regionalSettings() {
-  RegionalSettings settings;
-  settings.decimalSeparator = decimalSeparator();
-  settings.thousandsSeparator = thousandsSeparator(langinfo(THOUSEP), settings.decimalSeparator);
+  RegionalSettings settings{numberSeparators()};
   readDateFormat(localeText(nl_langinfo(D_FMT)), settings);
   const std::string_view time = nl_langinfo(T_FMT);
   settings.usesTwelveHours = time.find("%r") != std::string_view::npos || time.find("%I") != std::string_view::npos ||

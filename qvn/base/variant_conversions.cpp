@@ -52,7 +52,7 @@ std::optional<Decimal> exactValue(const Variant& value) {
   if (const auto* currency = value.getIf<Currency>()) return Decimal::fromText(currency->toText());
   if (const auto* whole = value.getIf<std::int64_t>()) return Decimal::fromInteger(*whole);
   const auto* text = value.getIf<std::string>();
-  const auto plain = text != nullptr ? plainNumber(*text, regionalSettings()) : std::nullopt;
+  const auto plain = text != nullptr ? plainNumber(*text, numberSeparators()) : std::nullopt;
   return plain ? Decimal::fromText(*plain) : std::nullopt;
 }
 

@@ -60,8 +60,20 @@ RecordsetPtr Connection::Execute(std::string_view sql, std::int64_t& recordsAffe
 }
 
 void Connection::Close() noexcept {
-  while (!recordsets_.empty()) (*recordsets_.begin())->Close();
+  while (firstOpen_ != nullptr) firstOpen_->Close();
   session_.reset();
+}
+
+void Connection::attach(Recordset& recordset) noexcept {
+  recordset.nextOpen_ = firstOpen_;
+  recordset.linkToThis_ = &firstOpen_;
+  if (firstOpen_ != nullptr) firstOpen_->linkToThis_ = &recordset.nextOpen_;
+  firstOpen_ = &recordset;
+}
+
+void Connection::detach(Recordset& recordset) noexcept {
+  *recordset.linkToThis_ = recordset.nextOpen_;
+  if (recordset.nextOpen_ != nullptr) recordset.nextOpen_->linkToThis_ = recordset.linkToThis_;
 }
 
 }  // namespace qvn::data

@@ -10,7 +10,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "qvn/data/property_bag.h"
@@ -79,15 +78,15 @@ class Connection final : public Object, public std::enable_shared_from_this<Conn
   // Runs a step that may ask the engine; keeps the errors that it reports.
   template <typename Step>
   auto keepingErrors(Step step) -> decltype(step());
-  void attach(Recordset& recordset) { recordsets_.insert(&recordset); }
-  void detach(Recordset& recordset) { recordsets_.erase(&recordset); }
+  void attach(Recordset& recordset) noexcept;
+  void detach(Recordset& recordset) noexcept;
 
   std::string connectionString_;
   CursorLocation location_ = CursorLocation::Server;
   std::chrono::seconds commandTimeout_{30};
   PropertyBag properties_;
   std::unique_ptr<Session> session_;
-  std::unordered_set<Recordset*> recordsets_;  // those that are open on this connection
+  Recordset* firstOpen_ = nullptr;  // those that are open on this connection, linked by themselves
   std::vector<ErrorItem> errors_;
   StatementObserver observer_;
 };

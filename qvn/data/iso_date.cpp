@@ -1,12 +1,38 @@
 #include "qvn/data/iso_date.h"
 
 #include <charconv>
+#include <cmath>
 #include <cstddef>
+#include <cstdint>
+
+#include "qvn/base/runtime_error.h"
 
 namespace qvn::data {
 namespace {
 
 constexpr double kSecondsPerDay = 86400;
+constexpr std::int64_t kMicrosecondsPerSecond = 1'000'000;
+constexpr std::int64_t kMicrosecondsPerDay = 86400 * kMicrosecondsPerSecond;
+constexpr std::size_t kMostFractionDigits = 6;
+
+// A day and the microseconds since its midnight.
+struct Moment {
+  std::int64_t day;
+  std::int64_t microseconds;
+};
+
+Moment splitMoment(Date date) {
+  // Two steps of a Double near today's day numbers.
+  constexpr std::int64_t kRounding = 2;
+  const double whole = std::trunc(date.serial());
+  // NaN fails this test too.
+  if (!(whole >= Date::kFirstDay && whole <= Date::kLastDay)) throw RuntimeError(error_number::kInvalidCall);
+  std::int64_t time = std::llround(std::abs(date.serial() - whole) * static_cast<double>(kMicrosecondsPerDay));
+  const std::int64_t beyond = time % kMicrosecondsPerSecond;
+  if (beyond <= kRounding) time -= beyond;
+  if (beyond >= kMicrosecondsPerSecond - kRounding) time += kMicrosecondsPerSecond - beyond;
+  return {static_cast<std::int64_t>(whole) + time / kMicrosecondsPerDay, time % kMicrosecondsPerDay};
+}
 
 // Takes exactly `width` digits off the front.
 std::optional<int> takeDigits(std::string_view& text, std::size_t width) {
@@ -80,5 +106,20 @@ std::string isoTime(Date date) {
 }
 
 std::string isoDateTime(Date date) { return isoDate(date) + " " + isoTime(date); }
+
+std::string isoText(Date date, FieldType type, int fractionDigits) {
+  const Moment moment = splitMoment(date);
+  const std::int64_t second = moment.microseconds / kMicrosecondsPerSecond;
+  std::string text;
+  if (type != FieldType::DbTime) text = isoDate(Date(static_cast<double>(moment.day)));
+  if (type == FieldType::Date) return text;
+  if (!text.empty()) text.push_back(' ');
+  text.append(isoTime(Date(static_cast<double>(second) / kSecondsPerDay)));
+  std::string fraction = padded(static_cast<int>(moment.microseconds % kMicrosecondsPerSecond), kMostFractionDigits);
+  fraction.resize(static_cast<std::size_t>(fractionDigits));
+  fraction.resize(fraction.find_last_not_of('0') + 1);
+  if (!fraction.empty()) text.append(".").append(fraction);
+  return text;
+}
 
 }  // namespace qvn::data

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "qvn/base/date.h"
+#include "qvn/data/field_type.h"
 
 namespace qvn::data {
 
@@ -19,5 +20,11 @@ std::string isoDate(Date date);
 std::string isoDateTime(Date date);
 /// "hh:mm:ss".
 std::string isoTime(Date date);
+
+/// What a column of this type stores of the date: "yyyy-mm-dd" for Date, the time for DbTime, both for any other type.
+/// The time has a fraction of at most `fractionDigits` (up to 6) digits behind its seconds unless that is zero: what
+/// lies nearer to a whole second than the rounding of date arithmetic counts as that second, so that an engine that
+/// cuts fractions off does not store the second before. Throws RuntimeError 5 for a date outside the years 100 to 9999.
+std::string isoText(Date date, FieldType type, int fractionDigits);
 
 }  // namespace qvn::data

@@ -126,6 +126,9 @@ class Recordset : public Object {
   LockType lock_ = LockType::ReadOnly;
   std::string source_;
   std::unique_ptr<Opened> opened_;
+  // Place in the connection's list of open recordsets, while this one is open.
+  Recordset* nextOpen_ = nullptr;
+  Recordset** linkToThis_ = nullptr;
 };
 
 const Variant& Field::Value() const { return owner_->valueOf(index_); }

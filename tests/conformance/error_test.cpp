@@ -1,5 +1,6 @@
 // What a failure looks like to a host, whatever the engine.
 #include "tests/conformance/conformance.h"
+#include "tests/support/provider_error_of.h"
 
 namespace qvn::test {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "qvn/data/provider_error.h"
-#include "tests/support/error_of.h"
+#include "tests/support/provider_error_of.h"
 
 namespace qvn::data {
 namespace {

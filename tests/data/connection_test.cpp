@@ -5,6 +5,7 @@
 #include "qvn/data/driver_registry.h"
 #include "qvn/data/drivers/built_in.h"
 #include "tests/support/error_of.h"
+#include "tests/support/provider_error_of.h"
 
 namespace qvn::data {
 namespace {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace qvn::data {
 namespace {
 
@@ -33,6 +35,36 @@ TEST(IsoDate, RefusesEverythingElse) {
        {"", "0000-00-00", "2012-13-01", "2012-02-30", "2012-3-7", "2012-03-07 ", "2012-03-07 1:00:00", "2012-03-07x",
         "24:00:00", "12:60:00", "12:00:60", "12:00:00x", "-838:59:59", "12:00:1e1", "12:", "ayer", "20120307"}) {
     EXPECT_FALSE(parseIsoDate(text)) << text;
+  }
+}
+
+TEST(IsoDate, WritesWhatAColumnStores) {
+  struct Row {
+    const char* why;
+    Date date;
+    FieldType type;
+    int fractionDigits;
+    const char* expected;
+  };
+  const Date morning = Date::fromCivil(2012, 3, 7, {10, 42, 7});
+  const Date quarter(morning.serial() + 0.25 / 86400);
+  const Row rows[] = {
+      {"a date", morning, FieldType::Date, 6, "2012-03-07"},
+      {"a time of day", morning, FieldType::DbTime, 6, "10:42:07"},
+      {"midnight", Date::fromCivil(2012, 3, 7), FieldType::DbTimeStamp, 6, "2012-03-07 00:00:00"},
+      {"a fraction of a second", quarter, FieldType::DbTimeStamp, 6, "2012-03-07 10:42:07.25"},
+      {"fewer digits than there are", quarter, FieldType::DbTimeStamp, 1, "2012-03-07 10:42:07.2"},
+      {"an engine of whole seconds", quarter, FieldType::DbTimeStamp, 0, "2012-03-07 10:42:07"},
+      {"the rounding of date arithmetic", Date(std::nextafter(morning.serial(), 0.0)), FieldType::DbTimeStamp, 6,
+       "2012-03-07 10:42:07"},
+      {"the last moment of a day", Date(std::nextafter(41000.0, 0.0)), FieldType::DbTimeStamp, 6,
+       "2012-04-01 00:00:00"},
+      {"before day zero", Date::fromCivil(1899, 12, 29, {6, 0, 0}), FieldType::DbTimeStamp, 6, "1899-12-29 06:00:00"},
+      {"first day", Date::fromCivil(100, 1, 1), FieldType::DbTimeStamp, 6, "0100-01-01 00:00:00"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.why);
+    EXPECT_EQ(isoText(row.date, row.type, row.fractionDigits), row.expected);
   }
 }
 

@@ -5,6 +5,7 @@
 #include "tests/ledger/shop.h"
 #include "tests/support/error_of.h"
 #include "tests/support/locale_guard.h"
+#include "tests/support/provider_error_of.h"
 
 namespace qvn::ledger {
 namespace {

@@ -1,10 +1,9 @@
-// The error that a call raises, for comparing its number.
+// The number of the error that a call raises.
 #pragma once
 
 #include <cstdint>
-#include <optional>
 
-#include "qvn/data/provider_error.h"
+#include "qvn/base/runtime_error.h"
 
 namespace qvn::test {
 
@@ -17,17 +16,6 @@ std::int32_t errorNumber(Call call) {
     return error.number();
   }
   return 0;
-}
-
-/// The ProviderError that `call` throws; nothing when it throws none.
-template <typename Call>
-std::optional<data::ProviderError> providerError(Call call) {
-  try {
-    call();
-  } catch (const data::ProviderError& error) {
-    return error;
-  }
-  return std::nullopt;
 }
 
 }  // namespace qvn::test

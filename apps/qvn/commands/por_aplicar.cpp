@@ -6,6 +6,7 @@
 #include "apps/qvn/connect.h"
 #include "apps/qvn/field_text.h"
 #include "apps/qvn/key_operands.h"
+#include "apps/qvn/recompute.h"
 
 namespace qvn::cli {
 namespace {
@@ -29,12 +30,6 @@ constexpr std::string_view kExamples = R"(
 
 constexpr auto kOptions = std::to_array<Option>({kConnectionOption, kTraceOption});
 
-// A payment that was there before it was recomputed.
-struct Payment {
-  std::int64_t number;
-  Cell unappliedBefore;
-};
-
 data::RecordsetPtr readPayment(const LumLibreria& library, const data::ConnectionPtr& connection,
                                std::int64_t payment) {
   return library.CreaRecordSet("SELECT importe, por_apli, aplicado FROM caja WHERE abono = " + std::to_string(payment),
@@ -46,13 +41,13 @@ Cell appliedCell(const Variant& mark) {
   return textCell(mark.toBoolean() ? "Sí" : "No");
 }
 
-void showPayments(const std::vector<Payment>& payments, const data::ConnectionPtr& connection, Context& context) {
+void showPayments(const std::vector<Recomputed>& payments, const data::ConnectionPtr& connection, Context& context) {
   if (payments.empty()) return;
   TableWriter table(context.out, {"abono", "importe", "por aplicar antes", "por aplicar", "aplicado"});
-  for (const Payment& payment : payments) {
+  for (const Recomputed& payment : payments) {
     const auto rows = readPayment(context.library, connection, payment.number);
     table.add({numberCell(std::to_string(payment.number)), amountCell(rows->Fields("importe").Value()),
-               payment.unappliedBefore, amountCell(rows->Fields("por_apli").Value()),
+               payment.balanceBefore, amountCell(rows->Fields("por_apli").Value()),
                appliedCell(rows->Fields("aplicado").Value())});
   }
   table.end();
@@ -63,21 +58,11 @@ ExitStatus runPorAplicar(const Arguments& arguments, Context& context) {
   const data::ConnectionPtr connection = connect(arguments, context);
   const auto ambiente = std::make_shared<host::SimpleAmbiente>(connection);
   host::QueryPtr query;
-  std::vector<Payment> payments;
-  for (const std::int64_t number : numbers) {
-    const auto before = readPayment(context.library, connection, number);
-    if (before->Eof()) {
-      context.messages << "qvn: no existe el abono " << std::to_string(number) << " en «caja»\n";
-      continue;
-    }
-    payments.push_back({number, amountCell(before->Fields("por_apli").Value())});
-    try {
-      context.library.ActualizaPorAplicar(number, ambiente, query);
-    } catch (const RuntimeError&) {
-      context.messages << "qvn: falló el abono " << std::to_string(number) << "; los anteriores quedaron escritos\n";
-      throw;
-    }
-  }
+  const Recomputation recomputation{
+      "el abono", "caja", "por_apli",
+      [&](std::int64_t number) { return readPayment(context.library, connection, number); },
+      [&](std::int64_t number) { context.library.ActualizaPorAplicar(number, ambiente, query); }};
+  const std::vector<Recomputed> payments = recomputeEach(numbers, recomputation, context);
   showPayments(payments, connection, context);
   return payments.size() == numbers.size() ? ExitStatus::Done : ExitStatus::Failed;
 }

@@ -6,6 +6,7 @@
 #include "apps/qvn/connect.h"
 #include "apps/qvn/field_text.h"
 #include "apps/qvn/key_operands.h"
+#include "apps/qvn/recompute.h"
 
 namespace qvn::cli {
 namespace {
@@ -29,12 +30,6 @@ constexpr std::string_view kExamples = R"(
 
 constexpr auto kOptions = std::to_array<Option>({kConnectionOption, kTraceOption});
 
-// A document that was there before it was recomputed.
-struct Document {
-  std::int64_t number;
-  Cell balanceBefore;
-};
-
 data::RecordsetPtr readDocument(const LumLibreria& library, const data::ConnectionPtr& connection,
                                 std::int64_t document) {
   return library.CreaRecordSet(
@@ -45,10 +40,10 @@ data::RecordsetPtr readDocument(const LumLibreria& library, const data::Connecti
 }
 
 // After all of them were recomputed, since documents of one customer change the same total.
-void showDocuments(const std::vector<Document>& documents, const data::ConnectionPtr& connection, Context& context) {
+void showDocuments(const std::vector<Recomputed>& documents, const data::ConnectionPtr& connection, Context& context) {
   if (documents.empty()) return;
   TableWriter table(context.out, {"cobranza", "cliente", "saldo antes", "saldo", "estado", "saldo del cliente"});
-  for (const Document& document : documents) {
+  for (const Recomputed& document : documents) {
     const auto rows = readDocument(context.library, connection, document.number);
     table.add({numberCell(std::to_string(document.number)), fieldCell(rows->Fields("cliente")), document.balanceBefore,
                amountCell(rows->Fields("saldo").Value()), fieldCell(rows->Fields("estado")),
@@ -62,22 +57,11 @@ ExitStatus runSaldo(const Arguments& arguments, Context& context) {
   const data::ConnectionPtr connection = connect(arguments, context);
   const auto ambiente = std::make_shared<host::SimpleAmbiente>(connection);
   host::QueryPtr query;
-  std::vector<Document> documents;
-  for (const std::int64_t number : numbers) {
-    const auto before = readDocument(context.library, connection, number);
-    if (before->Eof()) {
-      context.messages << "qvn: no existe el documento " << std::to_string(number) << " en «cobranza»\n";
-      continue;
-    }
-    documents.push_back({number, amountCell(before->Fields("saldo").Value())});
-    try {
-      context.library.ActualizaSaldo(number, ambiente, query);
-    } catch (const RuntimeError&) {
-      context.messages << "qvn: falló el documento " << std::to_string(number)
-                       << "; los anteriores quedaron escritos\n";
-      throw;
-    }
-  }
+  const Recomputation recomputation{
+      "el documento", "cobranza", "saldo",
+      [&](std::int64_t number) { return readDocument(context.library, connection, number); },
+      [&](std::int64_t number) { context.library.ActualizaSaldo(number, ambiente, query); }};
+  const std::vector<Recomputed> documents = recomputeEach(numbers, recomputation, context);
   showDocuments(documents, connection, context);
   return documents.size() == numbers.size() ? ExitStatus::Done : ExitStatus::Failed;
 }

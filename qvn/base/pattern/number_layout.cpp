@@ -20,7 +20,7 @@ class SectionWriter {
     if (whole.size() < section.requiredWhole) whole.insert(0, section.requiredWhole - whole.size(), '0');
     std::string& decimals = number_.digits.decimals;
     while (decimals.size() > section.requiredDecimals && decimals.back() == '0') decimals.pop_back();
-    if (section.groupsThousands) groupSeparator_ = regionalSettings().thousandsSeparator;
+    if (section.groupsThousands) groupSeparator_ = numberSeparators().thousandsSeparator;
   }
 
   void write(const Symbol& symbol) {

@@ -5,7 +5,6 @@
 #include <charconv>
 #include <cstdint>
 
-#include "qvn/base/letter_case.h"
 #include "qvn/base/utf8.h"
 
 namespace qvn::data::sqlite {
@@ -55,7 +54,21 @@ constexpr auto kTypeRules = std::to_array<TypeRule>({
 });
 static_assert(std::ranges::is_sorted(kTypeRules, std::less{}, &TypeRule::word));
 
-bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); }
+char capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+bool isLetter(char c) { return (capital(c) >= 'A' && capital(c) <= 'Z') || (c >= '0' && c <= '9'); }
+
+FieldType typeOfWord(std::string_view word) {
+  std::array<char, 9> upper{};  // the longest word of the table
+  if (word.size() > upper.size()) return FieldType::VarWChar;
+  std::ranges::transform(word, upper.begin(), capital);
+  const std::string_view key(upper.data(), word.size());
+  const auto* rule = std::ranges::lower_bound(kTypeRules, key, std::less{}, &TypeRule::word);
+  return rule != kTypeRules.end() && rule->word == key ? rule->type : FieldType::VarWChar;
+}
+static_assert(std::ranges::max(kTypeRules, std::less{}, [](const TypeRule& rule) {
+                return rule.word.size();
+              }).word.size() == 9);
 
 // Reads the number at the front of `text` and drops it with the comma behind it; 0 when there is none.
 int takeNumber(std::string_view& text) {
@@ -72,15 +85,11 @@ int takeNumber(std::string_view& text) {
 }  // namespace
 
 void applyDeclaredType(std::string_view declaration, Column& column) {
-  const std::string upper = upperCase(declaration);
-  std::string_view rest(upper);
-  const auto wordEnd = std::ranges::find_if_not(rest, isLetter);
-  const std::string_view word = rest.substr(0, static_cast<std::size_t>(wordEnd - rest.begin()));
-  const auto* rule = std::ranges::lower_bound(kTypeRules, word, std::less{}, &TypeRule::word);
-  column.type = rule != kTypeRules.end() && rule->word == word ? rule->type : FieldType::VarWChar;
-  const std::size_t open = rest.find('(');
+  const auto* wordEnd = std::ranges::find_if_not(declaration, isLetter);
+  column.type = typeOfWord(declaration.substr(0, static_cast<std::size_t>(wordEnd - declaration.begin())));
+  const std::size_t open = declaration.find('(');
   if (open == std::string_view::npos) return;
-  rest.remove_prefix(open + 1);
+  std::string_view rest = declaration.substr(open + 1);
   const int size = takeNumber(rest);
   if (column.type == FieldType::Numeric) {
     column.precision = size;

@@ -24,6 +24,10 @@ class SqliteSession final : public Session {
  public:
   SqliteSession(sqlite::DatabaseHandle database, std::chrono::seconds timeout) : database_(std::move(database)) {
     SqliteSession::setCommandTimeout(timeout);
+    const auto isLate = [](void* until) -> int {
+      return steady_clock::now() > *static_cast<steady_clock::time_point*>(until) ? 1 : 0;
+    };
+    sqlite3_progress_handler(database_.get(), kStepsPerLook, isLate, &deadline_);
   }
 
   StatementResult execute(std::string_view sql) override;
@@ -46,6 +50,7 @@ class SqliteSession final : public Session {
 
   sqlite::DatabaseHandle database_;
   std::chrono::seconds timeout_{};
+  steady_clock::time_point deadline_ = steady_clock::time_point::max();  // of the statement whose first row is awaited
 };
 
 sqlite::StatementHandle prepareOne(sqlite3* database, std::string_view sql, std::string_view& rest) {
@@ -79,13 +84,9 @@ sqlite::StatementHandle SqliteSession::prepare(std::string_view sql) {
 
 int SqliteSession::firstStep(sqlite3_stmt* statement) {
   if (timeout_.count() == 0) return sqlite3_step(statement);
-  steady_clock::time_point deadline = steady_clock::now() + timeout_;
-  const auto isLate = [](void* until) -> int {
-    return steady_clock::now() > *static_cast<steady_clock::time_point*>(until) ? 1 : 0;
-  };
-  sqlite3_progress_handler(database_.get(), kStepsPerLook, isLate, &deadline);
+  deadline_ = steady_clock::now() + timeout_;
   const int code = sqlite3_step(statement);
-  sqlite3_progress_handler(database_.get(), 0, nullptr, nullptr);
+  deadline_ = steady_clock::time_point::max();
   return code;
 }
 

@@ -9,11 +9,7 @@
 namespace qvn::data::sqlite {
 namespace {
 
-std::string dateLiteral(Date date, FieldType type) {
-  if (type == FieldType::Date) return "'" + isoDate(date) + "'";
-  if (type == FieldType::DbTime) return "'" + isoTime(date) + "'";
-  return "'" + isoDateTime(date) + "'";
-}
+constexpr int kFractionDigits = 6;
 
 // The engine reads a literal only up to a NUL character.
 std::string textLiteral(const std::string& text) {
@@ -26,7 +22,11 @@ std::string textLiteral(const std::string& text) {
 std::string quoteName(std::string_view name) { return doubledQuotes(name, '"'); }
 
 std::string literal(const Variant& value, FieldType type) {
-  if (const auto* date = value.getIf<Date>()) return dateLiteral(*date, type);
+  if (const auto* date = value.getIf<Date>()) {
+    // The engine stores any text in any column; a time in one declared as a date is kept.
+    if (type == FieldType::Date && date->hasTime()) type = FieldType::DbTimeStamp;
+    return "'" + isoText(*date, type, kFractionDigits) + "'";
+  }
   if (const auto* text = value.getIf<std::string>()) return isBinary(type) ? hexLiteral(*text) : textLiteral(*text);
   if (const auto* number = value.getIf<double>(); number != nullptr && std::isinf(*number)) {
     return *number < 0 ? "-9e999" : "9e999";

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "tests/data/drivers/mysql/mysql_fixture.h"
+#include "tests/support/provider_error_of.h"
 
 namespace qvn::test {
 namespace {

@@ -2,6 +2,7 @@
 #include <fstream>
 
 #include "tests/data/drivers/mysql/mysql_fixture.h"
+#include "tests/support/provider_error_of.h"
 
 namespace qvn::test {
 namespace {
