@@ -24,11 +24,18 @@ void Connection::Open() { Open(connectionString_); }
 void Connection::Open(std::string connectionString, const std::string& user, const std::string& password) {
   setConnectionString(std::move(connectionString));
   const data::ConnectionString parameters(connectionString_);
+  const std::shared_ptr<const Driver> driver = keepingErrors([&] { return findDriver(parameters); });
   session_ = keepingErrors([&] {
-    ConnectRequest request{parameters, user, password};
+    ConnectRequest request{parameters, user, password, properties_};
     request.commandTimeout = commandTimeout_;
-    return findDriver(parameters)->connect(request);
+    return driver->connect(request);
   });
+  driverName_ = driver->name();
+}
+
+std::string Connection::EngineVersion() {
+  Session& open = session();
+  return keepingErrors([&] { return open.engineVersion(); });
 }
 
 Session& Connection::session() const {

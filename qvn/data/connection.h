@@ -64,6 +64,12 @@ class Connection final : public Object, public std::enable_shared_from_this<Conn
   void Close() noexcept;
   [[nodiscard]] ObjectState State() const { return session_ ? ObjectState::Open : ObjectState::Closed; }
 
+  /// Name of the driver that opened the connection last, such as "SQLite"; "" before the first time.
+  [[nodiscard]] const std::string& DriverName() const { return driverName_; }
+  /// Product and version of the engine, such as "SQLite 3.40.1". Throws ProviderError kObjectClosed, or what the engine
+  /// reports.
+  [[nodiscard]] std::string EngineVersion();
+
   /// What the provider reported for the last operation that it refused.
   [[nodiscard]] const std::vector<ErrorItem>& Errors() const { return errors_; }
 
@@ -82,6 +88,7 @@ class Connection final : public Object, public std::enable_shared_from_this<Conn
   void detach(Recordset& recordset) noexcept;
 
   std::string connectionString_;
+  std::string driverName_;
   CursorLocation location_ = CursorLocation::Server;
   std::chrono::seconds commandTimeout_{30};
   PropertyBag properties_;

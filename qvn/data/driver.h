@@ -13,6 +13,7 @@
 #include "qvn/base/variant.h"
 #include "qvn/data/connection_string.h"
 #include "qvn/data/field_type.h"
+#include "qvn/data/property_bag.h"
 
 namespace qvn::data {
 
@@ -71,6 +72,9 @@ class Session {
   /// with kTimeout.
   virtual void setCommandTimeout(std::chrono::seconds timeout) = 0;
 
+  /// Product and version of the engine behind the session, such as "SQLite 3.40.1". Throws ProviderError.
+  [[nodiscard]] virtual std::string engineVersion() = 0;
+
   /// `value` as the engine's literal for a column of this type, such as 'O''Higgins', 12.5 or NULL. Numbers have "." as
   /// the separator whatever the regional settings.
   [[nodiscard]] virtual std::string literal(const Variant& value, FieldType type) const = 0;
@@ -79,8 +83,9 @@ class Session {
 /// What a driver needs to connect.
 struct ConnectRequest {
   const ConnectionString& parameters;
-  std::string user;      ///< overrides the connection string's when not empty
-  std::string password;  ///< overrides the connection string's when not empty
+  std::string user;        ///< overrides the connection string's when not empty
+  std::string password;    ///< overrides the connection string's when not empty
+  PropertyBag properties;  ///< settings of the provider, such as "Jet OLEDB:Database Password"
   std::chrono::seconds connectTimeout{15};
   std::chrono::seconds commandTimeout{30};
 };

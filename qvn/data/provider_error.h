@@ -28,6 +28,10 @@ inline constexpr std::int32_t kObjectOpen = 3705;
 inline constexpr std::int32_t kNoSuchProvider = 3706;
 }  // namespace provider_number
 
+/// The native error beside kUnspecified by which hosts know that a row could not be saved because another user holds
+/// it.
+inline constexpr std::int32_t kRowHeldNativeError = -1611;
+
 /// One error of a provider's list.
 struct ErrorItem {
   std::int32_t number = 0;
@@ -37,6 +41,7 @@ struct ErrorItem {
   std::string source;            ///< driver and engine
   std::string helpFile;
   std::int32_t helpContext = 0;
+  bool isLockConflict = false;  ///< another session holds what the statement wanted to write
 };
 
 /// A failure of the data-access platform or of the engine behind it. `number()` and `description()` are those of the

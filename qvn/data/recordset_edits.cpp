@@ -10,6 +10,17 @@ void requireChanged(std::int64_t rows) {
                       "El registro no se guardó porque otro usuario lo cambió o lo borró después de leerlo");
 }
 
+// Hosts know a row that another user holds by its number and native error, whatever the engine says of it.
+ProviderError forHeldRow(const ProviderError& error) {
+  if (error.errors().empty() || !error.errors().front().isLockConflict) return error;
+  std::vector<ErrorItem> items = error.errors();
+  ErrorItem& first = items.front();
+  first.description.append(" (error ").append(std::to_string(first.nativeError)).append(" del motor)");
+  first.number = provider_number::kUnspecified;
+  first.nativeError = kRowHeldNativeError;
+  return ProviderError(std::move(items));
+}
+
 }  // namespace
 
 EditMode Recordset::editMode() const { return opened().mode; }
@@ -39,7 +50,14 @@ void Recordset::Update() {
 }
 
 std::int64_t Recordset::write(const std::string& sql, std::int64_t* insertedNumber) {
-  const StatementResult result = opened().connection->run(sql);
+  Connection& connection = *opened().connection;
+  const StatementResult result = connection.keepingErrors([&] {
+    try {
+      return connection.run(sql);
+    } catch (const ProviderError& error) {
+      throw forHeldRow(error);
+    }
+  });
   if (insertedNumber != nullptr) *insertedNumber = result.insertedNumber;
   return result.affectedRows;
 }

@@ -19,7 +19,7 @@ class AliasDriver final : public data::Driver {
   }
   [[nodiscard]] std::unique_ptr<data::Session> connect(const data::ConnectRequest& /*request*/) const override {
     const data::ConnectionString memory("Provider=SQLite;Data Source=:memory:");
-    return data::sqliteDriver()->connect({memory, {}, {}});
+    return data::sqliteDriver()->connect({memory, {}, {}, {}});
   }
 };
 

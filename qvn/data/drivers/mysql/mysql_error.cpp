@@ -75,6 +75,7 @@ ErrorItem reportedError(MYSQL* handle, std::int32_t platformNumber, const std::s
   item.description = leadIn + ": " + utf8::sanitize(mysql_error(handle));
   if (!advice.empty()) item.description.append("; ").append(advice);
   item.nativeError = static_cast<std::int32_t>(mysql_errno(handle));
+  item.isLockConflict = item.nativeError == ER_LOCK_WAIT_TIMEOUT || item.nativeError == ER_LOCK_DEADLOCK;
   item.sqlState = mysql_sqlstate(handle);
   item.source = kSource;
   return item;

@@ -65,6 +65,11 @@ bool MysqlSession::send(std::string_view sql, AnswerWait& wait) {
              [&](int* failed, int events) { return mysql_real_query_cont(failed, link_.handle(), events); }) == 0;
 }
 
+std::string MysqlSession::engineVersion() {
+  const std::string version = mysql_get_server_info(link_.handle());
+  return (version.find("MariaDB") == std::string::npos ? "MySQL " : "MariaDB ") + version.substr(0, version.find('-'));
+}
+
 std::string MysqlSession::literal(const Variant& value, FieldType type) const {
   return mysql::literal(link_.handle(), value, type);
 }

@@ -17,6 +17,7 @@ class MysqlSession final : public Session {
   /// outcome although it took too long.
   StatementResult execute(std::string_view sql) override;
   void setCommandTimeout(std::chrono::seconds timeout) override { timeout_ = timeout; }
+  [[nodiscard]] std::string engineVersion() override;
   [[nodiscard]] std::string literal(const Variant& value, FieldType type) const override;
 
  private:

@@ -40,6 +40,8 @@ class SqliteSession final : public Session {
     sqlite3_busy_timeout(database_.get(), static_cast<int>(wait.count()));
   }
 
+  [[nodiscard]] std::string engineVersion() override { return std::string("SQLite ") + sqlite3_libversion(); }
+
   [[nodiscard]] std::string literal(const Variant& value, FieldType type) const override {
     return sqlite::literal(value, type);
   }

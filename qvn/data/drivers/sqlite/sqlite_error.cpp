@@ -49,7 +49,9 @@ ErrorItem classify(int code, std::string_view words) {
   ErrorItem item;
   item.nativeError = code;
   item.source = "SQLite";
-  const auto* byCode = std::ranges::find(kCodeRules, code & 0xFF, &CodeRule::code);
+  const int primaryCode = code & 0xFF;
+  item.isLockConflict = primaryCode == SQLITE_BUSY || primaryCode == SQLITE_LOCKED;
+  const auto* byCode = std::ranges::find(kCodeRules, primaryCode, &CodeRule::code);
   if (byCode != kCodeRules.end()) {
     item.number = byCode->number;
     item.sqlState = byCode->sqlState;

@@ -121,7 +121,7 @@ TEST(MysqlDriver, TheRequestsUserAndPasswordGoFirst) {
   const data::ConnectionString parameters(mysqlTcpConnectionString());
   const std::string password = *parameters.value({"PWD"});
   const data::ConnectionString wrong(mysqlTcpConnectionString() + ";UID=nadie;PWD=nada");
-  EXPECT_NE(data::mysqlDriver()->connect({wrong, "qvn", password}), nullptr);
+  EXPECT_NE(data::mysqlDriver()->connect({wrong, "qvn", password, {}}), nullptr);
 }
 
 class MysqlStatement : public MysqlTest {};

@@ -17,7 +17,7 @@ namespace qvn::test {
 inline std::unique_ptr<data::Session> connectTo(const std::string& connectionString,
                                                 std::chrono::seconds timeout = std::chrono::seconds(30)) {
   const data::ConnectionString parameters(connectionString);
-  return data::mysqlDriver()->connect({parameters, {}, {}, timeout, timeout});
+  return data::mysqlDriver()->connect({parameters, {}, {}, {}, timeout, timeout});
 }
 
 /// Type and exact value, for comparing what no text shows: "3: 12".

@@ -14,7 +14,7 @@ class SqliteDriverTest : public testing::Test {
  protected:
   void SetUp() override {
     const ConnectionString memory("Provider=SQLite;Data Source=:memory:");
-    session_ = sqliteDriver()->connect({memory, {}, {}});
+    session_ = sqliteDriver()->connect({memory, {}, {}, {}});
   }
   Variant first(std::string_view sql) {
     const auto result = session_->execute(sql);

@@ -1,0 +1,42 @@
+#include "qvn/data/drivers/watchdog.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+
+namespace qvn::data {
+namespace {
+
+using std::chrono::seconds;
+using std::chrono::steady_clock;
+
+// A statement that ends when it is told to, or by itself after `length`.
+bool isCancelled(Watchdog& dog, std::atomic<bool>& told, seconds limit, seconds length) {
+  told = false;
+  const Watchdog::Watch watch(dog, limit);
+  const auto end = steady_clock::now() + length;
+  while (!told && steady_clock::now() < end) std::this_thread::yield();
+  return watch.wasCancelled();
+}
+
+TEST(Watchdog, EndsWhatTakesTooLongAndNothingElse) {
+  std::atomic<bool> told = false;
+  std::atomic<int> orders = 0;
+  Watchdog dog([&] {
+    ++orders;
+    told = true;
+  });
+  EXPECT_FALSE(isCancelled(dog, told, seconds{0}, seconds{0}));
+  EXPECT_FALSE(isCancelled(dog, told, seconds{100}, seconds{0}));
+  // A shorter limit than the one that the thread sleeps for.
+  EXPECT_TRUE(isCancelled(dog, told, seconds{1}, seconds{20}));
+  EXPECT_FALSE(isCancelled(dog, told, seconds{30}, seconds{0}));
+  EXPECT_TRUE(isCancelled(dog, told, seconds{1}, seconds{20}));
+  // Ended in time; its deadline passes while nothing is watched.
+  EXPECT_FALSE(isCancelled(dog, told, seconds{1}, seconds{0}));
+  EXPECT_FALSE(isCancelled(dog, told, seconds{0}, seconds{2}));
+  EXPECT_EQ(orders, 2);
+}
+
+}  // namespace
+}  // namespace qvn::data
