@@ -42,12 +42,27 @@ class Conformance : public testing::TestWithParam<Engine> {
   /// The products that most tests read: three rows, the second one with a NULL price.
   void createProducts() {
     connection_->Execute(
-        "CREATE TABLE prods (articulo VARCHAR(20) NOT NULL PRIMARY KEY, nombre VARCHAR(60), precio1 DOUBLE, "
+        "CREATE TABLE prods (articulo VARCHAR(20) NOT NULL PRIMARY KEY, nombre VARCHAR(60), precio1 DOUBLE PRECISION, "
         "existencia INTEGER)");
-    connection_->Execute(
-        "INSERT INTO prods (articulo, nombre, precio1, existencia) VALUES ('A1', 'Tornillo', 1.5, 100), "
-        "('B2', 'Piñón', NULL, 7), ('C3', 'Cañería de ½\"', 80.25, 0)");
+    insert("prods (articulo, nombre, precio1, existencia)",
+           {"'A1', 'Tornillo', 1.5, 100", "'B2', 'Piñón', NULL, 7", "'C3', 'Cañería de ½\"', 80.25, 0"});
   }
+
+  /// Inserts rows in one statement, or in as many as the engine takes; `into` is a table, with its columns or without.
+  void insert(const std::string& into, const std::vector<std::string>& rows) {
+    std::string values;
+    for (const std::string& row : rows) {
+      if (GetParam().forms.insertsManyRows) {
+        values.append(values.empty() ? "(" : ", (").append(row).append(")");
+      } else {
+        connection_->Execute("INSERT INTO " + into + " VALUES (" + row + ")");
+      }
+    }
+    if (!values.empty()) connection_->Execute("INSERT INTO " + into + " VALUES " + values);
+  }
+
+  /// "SELECT value", as the engine writes it.
+  static std::string select(const std::string& value) { return "SELECT " + value + GetParam().forms.fromNoTable; }
 
   /// First value of the first row, as text; "(null)" for NULL.
   std::string scalar(std::string_view sql) {

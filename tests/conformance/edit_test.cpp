@@ -62,15 +62,13 @@ TEST_P(EditConformance, AddNewInsertsTheFieldsThatWereSet) {
 }
 
 TEST_P(EditConformance, AddNewReadsTheAutomaticNumber) {
-  connection_->Execute(GetParam().isMySql()
-                           ? "CREATE TABLE lotes (id INTEGER PRIMARY KEY AUTO_INCREMENT, lote VARCHAR(10))"
-                           : "CREATE TABLE lotes (id INTEGER PRIMARY KEY, lote VARCHAR(10))");
-  connection_->Execute("INSERT INTO lotes VALUES (41, 'L41')");
+  connection_->Execute("CREATE TABLE lotes (id " + GetParam().forms.autoNumber + ", lote VARCHAR(10))");
+  connection_->Execute("INSERT INTO lotes (lote) VALUES ('L1')");
   const auto rows = openForEditing("SELECT * FROM lotes");
   rows->AddNew();
-  rows->Fields("lote").setValue("L42");
+  rows->Fields("lote").setValue("L2");
   rows->Update();
-  EXPECT_EQ(rows->Fields("id").Value().toLong(), 42);
+  EXPECT_EQ(rows->Fields("id").Value().toLong(), 2);
 }
 
 TEST_P(EditConformance, DeleteLeavesNoCurrentRow) {
@@ -106,6 +104,25 @@ TEST_P(EditConformance, AnotherSessionsChangeIsNotOverwritten) {
     EXPECT_EQ(scalar("SELECT COUNT(*) FROM prods WHERE existencia = 99"), "0");
     rows->CancelUpdate();
   }
+}
+
+TEST_P(EditConformance, ARowHeldByAnotherSessionIsToldFromALostConnection) {
+  connection_->setCommandTimeout(std::chrono::seconds{2});
+  const auto other = database_->connect();
+  other->Execute(GetParam().forms.beginWriting);
+  other->Execute("UPDATE prods SET existencia = 55 WHERE articulo = 'A1'");
+  const auto rows = openForEditing(kAll);
+  rows->Fields("existencia").setValue(99);
+  EXPECT_EQ(errorNumber([&] { rows->Update(); }), number::kUnspecified);
+  ASSERT_EQ(connection_->Errors().size(), 1u);
+  EXPECT_EQ(connection_->Errors()[0].number, number::kUnspecified);
+  EXPECT_EQ(connection_->Errors()[0].nativeError, data::kRowHeldNativeError);
+  const std::int32_t plain =
+      errorNumber([&] { connection_->Execute("UPDATE prods SET existencia = 1 WHERE articulo = 'A1'"); });
+  EXPECT_TRUE(plain == number::kTimeout || plain == number::kStatementRefused) << plain;
+  other->Execute("ROLLBACK");
+  rows->Update();
+  EXPECT_EQ(scalar("SELECT existencia FROM prods WHERE articulo = 'A1'"), "99");
 }
 
 TEST_P(EditConformance, AnotherFieldsChangeDoesNotCollide) {

@@ -8,41 +8,45 @@ using data::FieldType;
 
 using TypesConformance = Conformance;
 
+template <typename Type>
+Type ownOr(const std::map<std::string, Type>& own, const std::string& declaration, Type usual) {
+  const auto found = own.find(declaration);
+  return found == own.end() ? usual : found->second;
+}
+
 TEST_P(TypesConformance, DeclaredTypesDecideFieldsAndValues) {
   struct Row {
     const char* declaration;
     const char* literal;
-    FieldType sqlite;
-    FieldType mysql;
+    FieldType type;
     VariantType value;
     const char* text;
   };
   static constexpr Row kRows[] = {
-      {"INTEGER", "-2147483648", FieldType::Integer, FieldType::Integer, VariantType::Long, "-2147483648"},
-      {"SMALLINT", "32767", FieldType::SmallInt, FieldType::SmallInt, VariantType::Integer, "32767"},
-      {"BIGINT", "9223372036854775807", FieldType::BigInt, FieldType::BigInt, VariantType::LongLong,
-       "9223372036854775807"},
-      {"DOUBLE", "0.1", FieldType::Double, FieldType::Double, VariantType::Double, "0.1"},
-      {"DOUBLE", "2", FieldType::Double, FieldType::Double, VariantType::Double, "2"},
-      {"DECIMAL(12,2)", "1234.5", FieldType::Numeric, FieldType::Numeric, VariantType::Decimal, "1234.5"},
-      {"DECIMAL(12,2)", "-7", FieldType::Numeric, FieldType::Numeric, VariantType::Decimal, "-7"},
-      {"VARCHAR(40)", "'ñandú'", FieldType::VarWChar, FieldType::VarWChar, VariantType::String, "ñandú"},
-      {"VARCHAR(40)", "''", FieldType::VarWChar, FieldType::VarWChar, VariantType::String, ""},
-      {"TEXT", "'007'", FieldType::LongVarWChar, FieldType::LongVarWChar, VariantType::String, "007"},
-      {"DATE", "'2012-03-07'", FieldType::Date, FieldType::Date, VariantType::Date, "03/07/2012"},
-      {"DATETIME", "'2012-03-07 10:42:07'", FieldType::DbTimeStamp, FieldType::DbTimeStamp, VariantType::Date,
-       "03/07/2012 10:42:07"},
-      {"TIME", "'23:59:59'", FieldType::DbTime, FieldType::DbTime, VariantType::Date, "23:59:59"},
+      {"INTEGER", "-2147483648", FieldType::Integer, VariantType::Long, "-2147483648"},
+      {"SMALLINT", "32767", FieldType::SmallInt, VariantType::Integer, "32767"},
+      {"BIGINT", "9223372036854775807", FieldType::BigInt, VariantType::LongLong, "9223372036854775807"},
+      {"DOUBLE PRECISION", "0.1", FieldType::Double, VariantType::Double, "0.1"},
+      {"DOUBLE PRECISION", "2", FieldType::Double, VariantType::Double, "2"},
+      {"DECIMAL(12,2)", "1234.5", FieldType::Numeric, VariantType::Decimal, "1234.5"},
+      {"DECIMAL(12,2)", "-7", FieldType::Numeric, VariantType::Decimal, "-7"},
+      {"VARCHAR(40)", "'ñandú'", FieldType::VarWChar, VariantType::String, "ñandú"},
+      {"VARCHAR(40)", "''", FieldType::VarWChar, VariantType::String, ""},
+      {"TEXT", "'007'", FieldType::LongVarWChar, VariantType::String, "007"},
+      {"DATE", "'2012-03-07'", FieldType::Date, VariantType::Date, "03/07/2012"},
+      {"DATETIME", "'2012-03-07 10:42:07'", FieldType::DbTimeStamp, VariantType::Date, "03/07/2012 10:42:07"},
+      {"TIME", "'23:59:59'", FieldType::DbTime, VariantType::Date, "23:59:59"},
   };
   int at = 0;
   for (const Row& row : kRows) {
     SCOPED_TRACE(std::string(row.declaration) + " " + row.literal);
     const std::string table = "t" + std::to_string(++at);
-    connection_->Execute("CREATE TABLE " + table + " (id INTEGER PRIMARY KEY, v " + row.declaration + ")");
-    connection_->Execute("INSERT INTO " + table + " VALUES (1, " + row.literal + "), (2, NULL)");
+    connection_->Execute("CREATE TABLE " + table + " (id INTEGER NOT NULL PRIMARY KEY, v " +
+                         GetParam().typeName(row.declaration) + ")");
+    insert(table, {std::string("1, ") + row.literal, "2, NULL"});
     const auto rows = open("SELECT v FROM " + table + " ORDER BY id");
-    EXPECT_EQ(rows->Fields(0).Type(), GetParam().isMySql() ? row.mysql : row.sqlite);
-    EXPECT_EQ(rows->Fields(0).Value().type(), row.value);
+    EXPECT_EQ(rows->Fields(0).Type(), ownOr(GetParam().forms.fieldTypes, row.declaration, row.type));
+    EXPECT_EQ(rows->Fields(0).Value().type(), ownOr(GetParam().forms.valueTypes, row.declaration, row.value));
     EXPECT_EQ(rows->Fields(0).Value().toText(), row.text);
     rows->MoveNext();
     EXPECT_TRUE(rows->Fields(0).Value().isNull());
@@ -51,8 +55,8 @@ TEST_P(TypesConformance, DeclaredTypesDecideFieldsAndValues) {
 
 TEST_P(TypesConformance, ValuesSurviveWritingThroughARecordset) {
   connection_->Execute(
-      "CREATE TABLE v (id INTEGER PRIMARY KEY, d DOUBLE, n DECIMAL(20,4), t VARCHAR(50), f DATETIME, b " +
-      std::string(GetParam().isMySql() ? "LONGBLOB" : "BLOB") + ")");
+      "CREATE TABLE v (id INTEGER NOT NULL PRIMARY KEY, d DOUBLE PRECISION, n DECIMAL(18,4), t VARCHAR(50), f " +
+      GetParam().typeName("DATETIME") + ", b " + GetParam().typeName("BLOB") + ")");
   std::string allBytes;
   for (int i = 0; i < 256; ++i) allBytes.push_back(static_cast<char>(i));
   const std::pair<const char*, Variant> kValues[] = {

@@ -1,5 +1,7 @@
 #include "qvn/data/drivers/mysql/mysql_session.h"
 
+#include <algorithm>
+
 #include "qvn/data/drivers/mysql/mysql_cursor.h"
 #include "qvn/data/drivers/mysql/mysql_error.h"
 #include "qvn/data/drivers/mysql/mysql_literal.h"
@@ -22,7 +24,25 @@ ProviderError timeoutError(std::chrono::seconds timeout, std::optional<ErrorItem
 }  // namespace
 
 MysqlSession::MysqlSession(const ConnectRequest& request)
-    : link_(serverAddress(request), request.connectTimeout), timeout_(request.commandTimeout) {}
+    : link_(serverAddress(request), request.connectTimeout), timeout_(request.commandTimeout) {
+  limitLockWait();
+}
+
+void MysqlSession::setCommandTimeout(std::chrono::seconds timeout) {
+  if (MysqlCursor* const reader = link_.reader()) reader->releaseLink();
+  timeout_ = timeout;
+  limitLockWait();
+}
+
+void MysqlSession::limitLockWait() {
+  if (timeout_.count() == 0) return;
+  const std::int64_t limit = std::max<std::int64_t>(1, timeout_.count() * 4 / 5);
+  const std::string sql =
+      "SET SESSION innodb_lock_wait_timeout = LEAST(@@GLOBAL.innodb_lock_wait_timeout, " + std::to_string(limit) + ")";
+  AnswerWait wait(link_, timeout_);
+  // A server without that engine refuses it, and has no such waits.
+  static_cast<void>(send(sql, wait));
+}
 
 StatementResult MysqlSession::execute(std::string_view sql) {
   if (MysqlCursor* const reader = link_.reader()) reader->releaseLink();

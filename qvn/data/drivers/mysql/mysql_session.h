@@ -16,11 +16,14 @@ class MysqlSession final : public Session {
   /// A statement without rows that the server finished just before it was told to end it is in force, and gives its
   /// outcome although it took too long.
   StatementResult execute(std::string_view sql) override;
-  void setCommandTimeout(std::chrono::seconds timeout) override { timeout_ = timeout; }
+  void setCommandTimeout(std::chrono::seconds timeout) override;
   [[nodiscard]] std::string engineVersion() override;
   [[nodiscard]] std::string literal(const Variant& value, FieldType type) const override;
 
  private:
+  // Lets the server end a wait for another session's row before the statement's own time is over, so that the error tells
+  // what it was that took so long.
+  void limitLockWait();
   // Waits for the first row or the outcome.
   StatementResult run(std::string_view sql, AnswerWait& wait);
   // False when the server or the library reports an error.
