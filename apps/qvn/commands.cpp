@@ -11,6 +11,7 @@ constexpr auto kCommands = std::to_array<const Command*>({
     &kSaldoCommand,
     &kPorAplicarCommand,
     &kSqlCommand,
+    &kConexionCommand,
     &kFormatoCommand,
 });
 

@@ -12,6 +12,7 @@ extern const Command kDemoCommand;
 extern const Command kSaldoCommand;
 extern const Command kPorAplicarCommand;
 extern const Command kSqlCommand;
+extern const Command kConexionCommand;
 extern const Command kFormatoCommand;
 
 /// All of them, in the order in which help lists them.

@@ -18,4 +18,8 @@ inline constexpr std::string_view kAccess = "Jet";
 /// True when the marker word stands anywhere in the connection string, in any case.
 bool hasMarker(const data::Connection& connection, std::string_view marker);
 
+/// The dialect that dates are written in, for people: "SQL Server", "MySQL", "InterBase" or "Access"; "MySQL" too when
+/// no marker word is there.
+std::string_view dialectName(const data::Connection& connection);
+
 }  // namespace qvn::core
