@@ -1,41 +1,59 @@
 // Reading a million rows through a recordset, beside the same loop on each engine's own client library. Both sides read
 // every column of every row and add up the same checksum.
 #include <benchmark/benchmark.h>
-#include <mysql.h>
-#include <sqlite3.h>
 #include <sys/resource.h>
 
-#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
+#include <memory>
 #include <string>
+#include <vector>
 
+#include "bench/data/raw_reader.h"
 #include "bench/support/mysql_peer.h"
 #include "bench/support/peer_report.h"
 #include "qvn/data/connection.h"
+#include "qvn/data/connection_string.h"
 #include "qvn/data/drivers/built_in.h"
+
+namespace qvn::bench {
+
+void require(bool holds, const char* what) {
+  if (holds) return;
+  std::fprintf(stderr, "bench_read_rows: %s\n", what);
+  std::exit(1);
+}
 
 namespace {
 
-using qvn::data::Connection;
-using qvn::data::ConnectionPtr;
+using data::Connection;
+using data::ConnectionPtr;
 
 constexpr int kRows = 1'000'000;
-constexpr const char* kSelect = "SELECT id, articulo, nombre, precio, existencia FROM bench_prods";
 
-struct Checksum {
-  std::int64_t whole = 0;
-  double amount = 0;
-  std::size_t characters = 0;
-  bool operator==(const Checksum&) const = default;
+struct Peer {
+  std::string name;
+  ConnectionPtr connection;
+  std::shared_ptr<RawReader> raw;
 };
+
+ConnectionPtr open(const std::string& connectionString) {
+  auto connection = Connection::create();
+  connection->Open(connectionString);
+  return connection;
+}
+
+void createTable(const ConnectionPtr& connection) {
+  connection->Execute(
+      "CREATE TABLE bench_prods (id INTEGER NOT NULL PRIMARY KEY, articulo VARCHAR(20), nombre VARCHAR(60), precio "
+      "DOUBLE PRECISION, existencia INTEGER)");
+}
 
 void fill(const ConnectionPtr& connection) {
   connection->Execute("DROP TABLE IF EXISTS bench_prods");
-  connection->Execute(
-      "CREATE TABLE bench_prods (id INTEGER PRIMARY KEY, articulo VARCHAR(20), nombre VARCHAR(60), precio DOUBLE, "
-      "existencia INTEGER)");
+  createTable(connection);
   connection->Execute("BEGIN");
   for (int i = 0; i < kRows;) {
     std::string sql = "INSERT INTO bench_prods VALUES ";
@@ -47,6 +65,15 @@ void fill(const ConnectionPtr& connection) {
     connection->Execute(sql);
   }
   connection->Execute("COMMIT");
+}
+
+// The engine takes one row per statement; it makes the same rows by itself.
+void fillFirebird(const ConnectionPtr& connection) {
+  createTable(connection);
+  connection->Execute(
+      "EXECUTE BLOCK AS DECLARE i INTEGER = 0; BEGIN WHILE (i < " + std::to_string(kRows) +
+      ") DO BEGIN INSERT INTO bench_prods VALUES (:i, 'ART-' || :i, 'Tornillo de cabeza plana núm. ' || :i, "
+      "CAST(MOD(:i, 9973) || '.' || (MOD(:i, 90) + 10) AS DOUBLE PRECISION), MOD(:i, 500)); i = i + 1; END END");
 }
 
 Checksum readRecordset(const ConnectionPtr& connection) {
@@ -65,56 +92,12 @@ Checksum readRecordset(const ConnectionPtr& connection) {
   return sum;
 }
 
-Checksum readSqlite(sqlite3* database) {
-  Checksum sum;
-  sqlite3_stmt* statement = nullptr;
-  sqlite3_prepare_v2(database, kSelect, -1, &statement, nullptr);
-  std::string code;
-  std::string name;
-  const auto take = [statement](int column, std::string& text) {
-    const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    text.assign(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
-  };
-  while (sqlite3_step(statement) == SQLITE_ROW) {
-    sum.whole += sqlite3_column_int(statement, 0) + sqlite3_column_int(statement, 4);
-    sum.amount += sqlite3_column_double(statement, 3);
-    take(1, code);
-    take(2, name);
-    sum.characters += code.size() + name.size();
-  }
-  sqlite3_finalize(statement);
-  return sum;
-}
-
-template <typename Number>
-Number readNumber(const char* text, unsigned long size) {
-  Number number{};
-  std::from_chars(text, text + size, number);
-  return number;
-}
-
-Checksum readMysql(MYSQL* server) {
-  Checksum sum;
-  mysql_query(server, kSelect);
-  MYSQL_RES* result = mysql_use_result(server);
-  std::string code;
-  std::string name;
-  while (MYSQL_ROW row = mysql_fetch_row(result)) {
-    const unsigned long* sizes = mysql_fetch_lengths(result);
-    sum.whole += readNumber<int>(row[0], sizes[0]) + readNumber<int>(row[4], sizes[4]);
-    sum.amount += readNumber<double>(row[3], sizes[3]);
-    code.assign(row[1], sizes[1]);
-    name.assign(row[2], sizes[2]);
-    sum.characters += code.size() + name.size();
-  }
-  mysql_free_result(result);
-  return sum;
-}
-
-void require(bool holds, const char* what) {
-  if (holds) return;
-  std::fprintf(stderr, "bench_read_rows: %s\n", what);
-  std::exit(1);
+// The private server, through the driver manager.
+std::string odbcToMysql() {
+  const data::ConnectionString native(mysqlConnectionString());
+  const auto part = [&](const char* name) { return native.value({name}).value_or(""); };
+  return "DRIVER={MariaDB Unicode};SOCKET=" + part("SOCKET") + ";DATABASE=" + part("DATABASE") + ";UID=" + part("UID") +
+         ";PWD={" + part("PWD") + "}";
 }
 
 // Most memory that the process ever had, in KiB.
@@ -124,9 +107,8 @@ long peakKib() {
   return usage.ru_maxrss;
 }
 
-template <typename Read>
-void registerReader(const char* name, Read read, const Checksum& expected) {
-  benchmark::RegisterBenchmark(name,
+void registerReader(const std::string& name, const std::function<Checksum()>& read, const Checksum& expected) {
+  benchmark::RegisterBenchmark(name.c_str(),
                                [read, expected](benchmark::State& state) {
                                  for (auto _ : state) require(read() == expected, "the two sides read different rows");
                                  state.SetItemsProcessed(state.iterations() * kRows);
@@ -135,47 +117,48 @@ void registerReader(const char* name, Read read, const Checksum& expected) {
       ->MinTime(0.1);
 }
 
+int runAll(int argc, char** argv, const std::filesystem::path& folder) {
+  const std::string sqliteFile = (folder / "prods.db").string();
+  const std::string firebirdFile = (folder / "prods.fdb").string();
+  const std::string odbcSqlite = "DRIVER=SQLite3;Database=" + sqliteFile;
+  const ConnectionPtr sqlite = open("Provider=SQLite;Data Source=" + sqliteFile + ";Mode=ReadWriteCreate");
+  fill(sqlite);
+  const ConnectionPtr mysql = open(mysqlConnectionString());
+  fill(mysql);
+  const ConnectionPtr firebird =
+      open("Provider=IbOleDb;Data Source=" + firebirdFile + ";User ID=SYSDBA;Mode=ReadWriteCreate");
+  fillFirebird(firebird);
+  const std::vector<Peer> peers = {
+      {"read_sqlite", sqlite, rawSqlite(sqliteFile)},
+      {"read_mysql", mysql, rawMysql()},
+      {"read_firebird", firebird, rawFirebird(firebirdFile)},
+      {"read_odbc_mariadb", open(odbcToMysql()), rawOdbc(odbcToMysql())},
+      {"read_odbc_sqlite", open(odbcSqlite), rawOdbc(odbcSqlite)},
+  };
+  const Checksum expected = readRecordset(sqlite);
+  for (const Peer& peer : peers) {
+    const long before = peakKib();
+    require(readRecordset(peer.connection) == expected, "the engines hold different rows");
+    std::printf("%-20s peak memory while streaming %d rows: +%ld KiB\n", peer.name.c_str(), kRows, peakKib() - before);
+    registerReader(
+        peer.name + "/raw", [raw = peer.raw] { return raw->read(); }, expected);
+    registerReader(
+        peer.name + "/qvn", [connection = peer.connection] { return readRecordset(connection); }, expected);
+  }
+  const int status = runBesidePeers(argc, argv);
+  mysql->Execute("DROP TABLE bench_prods");
+  return status;
+}
+
 }  // namespace
+}  // namespace qvn::bench
 
 int main(int argc, char** argv) {
   qvn::data::registerBuiltInDrivers();
   const auto folder = std::filesystem::temp_directory_path() / "qvn_bench_read_rows";
+  std::filesystem::remove_all(folder);
   std::filesystem::create_directories(folder);
-  const std::string file = (folder / "prods.db").string();
-  std::filesystem::remove(file);
-
-  const ConnectionPtr sqlite = Connection::create();
-  sqlite->Open("Provider=SQLite;Data Source=" + file + ";Mode=ReadWriteCreate");
-  fill(sqlite);
-  const ConnectionPtr mysql = Connection::create();
-  mysql->Open(qvn::bench::mysqlConnectionString());
-  fill(mysql);
-
-  const long before = peakKib();
-  const Checksum expected = readRecordset(sqlite);
-  require(readRecordset(mysql) == expected, "the engines hold different rows");
-  std::printf("peak memory while streaming 2 x %d rows: +%ld KiB\n", kRows, peakKib() - before);
-
-  sqlite3* rawSqlite = nullptr;
-  // As the library does: without locks for several threads.
-  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
-  require(sqlite3_open_v2(file.c_str(), &rawSqlite, flags, nullptr) == SQLITE_OK, "cannot open the file");
-  MYSQL* rawMysql = qvn::bench::connectMysqlPeer();
-  require(rawMysql != nullptr, "cannot connect to the server");
-
-  registerReader(
-      "read_sqlite/raw", [=] { return readSqlite(rawSqlite); }, expected);
-  registerReader(
-      "read_sqlite/qvn", [=] { return readRecordset(sqlite); }, expected);
-  registerReader(
-      "read_mysql/raw", [=] { return readMysql(rawMysql); }, expected);
-  registerReader(
-      "read_mysql/qvn", [=] { return readRecordset(mysql); }, expected);
-  const int status = qvn::bench::runBesidePeers(argc, argv);
-
-  mysql->Execute("DROP TABLE bench_prods");
-  mysql_close(rawMysql);
-  sqlite3_close(rawSqlite);
+  const int status = qvn::bench::runAll(argc, argv, folder);
   std::filesystem::remove_all(folder);
   return status;
 }

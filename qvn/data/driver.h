@@ -72,6 +72,10 @@ class Session {
   /// with kTimeout.
   virtual void setCommandTimeout(std::chrono::seconds timeout) = 0;
 
+  /// What an INSERT statement ends with so that it yields a row with the automatic number of `column`, which is quoted
+  /// for use in a statement; "" for an engine whose results tell it in insertedNumber.
+  [[nodiscard]] virtual std::string numberClause(const std::string& /*column*/) const { return {}; }
+
   /// Product and version of the engine behind the session, such as "SQLite 3.40.1". Throws ProviderError.
   [[nodiscard]] virtual std::string engineVersion() = 0;
 

@@ -102,6 +102,13 @@ class Recordset : public Object {
   void Delete();
   [[nodiscard]] EditMode editMode() const;
 
+  /// Saves an edit in progress, then writes all rows to a new file, which the provider MSPersist opens again; the
+  /// current row stays (after a deletion it is the next one). A streaming recordset writes the current row and those
+  /// after it, and ends behind the last. No file is left when something fails.
+  /// @throws ProviderError  kNotSupported when nothing can save recordsets, or what the engine reports
+  /// @throws RuntimeError   58 when the file exists, 13 for a value that a file cannot hold, or what the system refuses
+  void Save(std::string_view path);
+
  private:
   friend class Field;
   friend class Connection;

@@ -10,6 +10,13 @@ void requireChanged(std::int64_t rows) {
                       "El registro no se guardó porque otro usuario lo cambió o lo borró después de leerlo");
 }
 
+std::int64_t insertedNumberOf(const StatementResult& result) {
+  if (!result.cursor || !result.cursor->next()) return result.insertedNumber;
+  Variant number;
+  result.cursor->read(0, number);
+  return number.isNull() ? 0 : number.toLongLong();
+}
+
 // Hosts know a row that another user holds by its number and native error, whatever the engine says of it.
 ProviderError forHeldRow(const ProviderError& error) {
   if (error.errors().empty() || !error.errors().front().isLockConflict) return error;
@@ -58,7 +65,7 @@ std::int64_t Recordset::write(const std::string& sql, std::int64_t* insertedNumb
       throw forHeldRow(error);
     }
   });
-  if (insertedNumber != nullptr) *insertedNumber = result.insertedNumber;
+  if (insertedNumber != nullptr) *insertedNumber = insertedNumberOf(result);
   return result.affectedRows;
 }
 

@@ -22,7 +22,7 @@ class DemoOnEngine : public testing::TestWithParam<Engine> {
 
   std::unique_ptr<TestDatabase> database_;
 };
-INSTANTIATE_TEST_SUITE_P(Engines, DemoOnEngine, testing::ValuesIn(engines()), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, DemoOnEngine, testing::ValuesIn(shopEngines()), engineName);
 
 TEST_P(DemoOnEngine, LeavesTheFiguresOfTheStory) {
   expectHolds(expectRun(0, demo()).out,

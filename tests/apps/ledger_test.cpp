@@ -23,7 +23,7 @@ class LedgerCommand : public testing::TestWithParam<Engine> {
 
   std::unique_ptr<TestDatabase> database_;
 };
-INSTANTIATE_TEST_SUITE_P(Engines, LedgerCommand, testing::ValuesIn(engines()), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, LedgerCommand, testing::ValuesIn(shopEngines()), engineName);
 
 TEST_P(LedgerCommand, SaldoShowsBeforeAndAfter) {
   // 1007 is paid in full: 3,220.00 remained of it. 1009 has one charge of 450.00 dollars.

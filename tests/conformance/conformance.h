@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -50,15 +51,18 @@ class Conformance : public testing::TestWithParam<Engine> {
 
   /// Inserts rows in one statement, or in as many as the engine takes; `into` is a table, with its columns or without.
   void insert(const std::string& into, const std::vector<std::string>& rows) {
-    std::string values;
-    for (const std::string& row : rows) {
-      if (GetParam().forms.insertsManyRows) {
-        values.append(values.empty() ? "(" : ", (").append(row).append(")");
-      } else {
-        connection_->Execute("INSERT INTO " + into + " VALUES (" + row + ")");
+    constexpr std::size_t kRowsPerStatement = 100;
+    const SqlForms& forms = GetParam().forms;
+    for (std::size_t i = 0; i < rows.size();) {
+      std::string sql;
+      for (const std::size_t end = std::min(rows.size(), i + kRowsPerStatement); i < end; ++i) {
+        const bool isFirst = sql.empty();
+        if (isFirst || !forms.insertsManyRows) sql.append("INSERT INTO ").append(into).append(" VALUES ");
+        if (!isFirst && forms.insertsManyRows) sql.append(", ");
+        sql.append("(").append(rows[i]).append(forms.insertsManyRows ? ")" : "); ");
       }
+      connection_->Execute(forms.insertsManyRows ? sql : "EXECUTE BLOCK AS BEGIN " + sql + "END");
     }
-    if (!values.empty()) connection_->Execute("INSERT INTO " + into + " VALUES " + values);
   }
 
   /// "SELECT value", as the engine writes it.

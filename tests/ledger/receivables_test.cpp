@@ -124,7 +124,9 @@ TEST_P(Receivables, AmountsHaveAPointInEveryRegion) {
 }
 
 TEST_P(Receivables, ActualizaPorAplicarLeavesTheRemainder) {
-  shop_.run("INSERT INTO caja VALUES (5, 300, 300, 0), (6, 80, 80, 0), (7, 40, 1, 0)");
+  for (const char* row : {"5, 300, 300, 0", "6, 80, 80, 0", "7, 40, 1, 0"}) {
+    shop_.run("INSERT INTO caja VALUES (" + std::string(row) + ")");
+  }
   movements(10, {{'A', "120.5"}, {'A', "29.5"}}, 5);
   movements(11, {{'A', "80"}}, 6);
   updatePayment(5);

@@ -5,14 +5,22 @@ namespace qvn::test {
 Shop::Shop(const Engine& engine)
     : database_(engine.create()), setup_(database_->connect()), connection_(database_->connect()) {
   for (const char* sql : {
-           "CREATE TABLE clients (cliente VARCHAR(20) PRIMARY KEY, saldo DOUBLE)",
-           "CREATE TABLE cobranza (cobranza INTEGER PRIMARY KEY, cliente VARCHAR(20), saldo DOUBLE, tip_cam DOUBLE, "
+           "CREATE TABLE clients (cliente VARCHAR(20) NOT NULL PRIMARY KEY, saldo DOUBLE PRECISION)",
+           "CREATE TABLE cobranza (cobranza INTEGER NOT NULL PRIMARY KEY, cliente VARCHAR(20), saldo DOUBLE PRECISION, "
+           "tip_cam "
+           "DOUBLE PRECISION, "
            "estado CHAR(1))",
-           "CREATE TABLE cobdet (id INTEGER PRIMARY KEY, cobranza INTEGER, cargo_ab CHAR(1), importe DOUBLE, "
+           "CREATE TABLE cobdet (id INTEGER NOT NULL PRIMARY KEY, cobranza INTEGER, cargo_ab CHAR(1), importe DOUBLE "
+           "PRECISION, "
            "abono INTEGER)",
-           "CREATE TABLE caja (abono INTEGER PRIMARY KEY, importe DOUBLE, por_apli DOUBLE, aplicado INTEGER)",
-           "INSERT INTO clients VALUES ('ÑU-1', 0), ('B2', 7)",
-           "INSERT INTO cobranza VALUES (10, 'ÑU-1', 0, 1, 'P'), (11, 'ÑU-1', 100, 17.05, 'P'), (20, 'B2', 0, 1, 'P')",
+           "CREATE TABLE caja (abono INTEGER NOT NULL PRIMARY KEY, importe DOUBLE PRECISION, por_apli DOUBLE "
+           "PRECISION, "
+           "aplicado INTEGER)",
+           "INSERT INTO clients VALUES ('ÑU-1', 0)",
+           "INSERT INTO clients VALUES ('B2', 7)",
+           "INSERT INTO cobranza VALUES (10, 'ÑU-1', 0, 1, 'P')",
+           "INSERT INTO cobranza VALUES (11, 'ÑU-1', 100, 17.05, 'P')",
+           "INSERT INTO cobranza VALUES (20, 'B2', 0, 1, 'P')",
        }) {
     run(sql);
   }

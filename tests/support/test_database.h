@@ -37,7 +37,7 @@ struct SqlForms {
   std::string fromNoTable = {};                            // what follows SELECT and values that come from no table
   std::string autoNumber = {};                             // declaration of a primary key that numbers its rows
   std::string beginWriting = "BEGIN";                      // opens a transaction that will write
-  bool insertsManyRows = true;                             // VALUES (...), (...)
+  bool insertsManyRows = true;                             // VALUES (...), (...); else EXECUTE BLOCK
   bool upperCasesNames = false;                            // names without quotes come back in capitals
   bool runsBatches = false;                                // a text of several statements is one batch
   std::map<std::string, std::string> typeNames = {};       // where it has another name for a type
@@ -64,6 +64,9 @@ inline void PrintTo(const Engine& engine, std::ostream* out) { *out << engine.na
 /// All of them. A server engine fails in create(), with a text that says how to start its server, when the environment
 /// names none.
 const std::vector<Engine>& engines();
+
+/// Those of them that the demonstration's shop can be made on.
+std::vector<Engine> shopEngines();
 
 /// The engine as a test parameter's name.
 inline std::string engineName(const testing::TestParamInfo<Engine>& parameter) { return parameter.param.name; }

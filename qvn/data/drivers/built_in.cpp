@@ -1,12 +1,14 @@
 #include "qvn/data/drivers/built_in.h"
 
 #include "qvn/data/driver_registry.h"
+#include "qvn/data/drivers/firebird/firebird_driver.h"
 #include "qvn/data/drivers/mysql/mysql_driver.h"
 #include "qvn/data/drivers/sqlite/sqlite_driver.h"
 
 namespace qvn::data {
 
 void registerBuiltInDrivers() {
+  registerDriver(firebirdDriver());
   registerDriver(mysqlDriver());
   registerDriver(sqliteDriver());
 }

@@ -67,8 +67,12 @@ std::string updateStatement(const EditContext& context, const Edits& edits, cons
 std::string insertStatement(const EditContext& context, const Edits& edits) {
   std::string names;
   std::string values;
+  std::string numberClause;
   for (std::size_t i = 0; i < edits.size(); ++i) {
-    if (!edits[i]) continue;
+    if (!edits[i]) {
+      if (context.origins[i].isAutoNumber) numberClause = context.session.numberClause(context.origins[i].column);
+      continue;
+    }
     if (!names.empty()) {
       names.append(", ");
       values.append(", ");
@@ -77,7 +81,7 @@ std::string insertStatement(const EditContext& context, const Edits& edits) {
     values.append(context.session.literal(*edits[i], context.columns[i].type));
   }
   if (names.empty()) refuse("el registro nuevo no tiene ningún valor");
-  return "INSERT INTO " + editedTable(context) + " (" + names + ") VALUES (" + values + ")";
+  return "INSERT INTO " + editedTable(context) + " (" + names + ") VALUES (" + values + ")" + numberClause;
 }
 
 std::string deleteStatement(const EditContext& context, const OriginalValue& original) {

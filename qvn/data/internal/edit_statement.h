@@ -27,7 +27,8 @@ struct EditContext {
 /// "UPDATE table SET ... WHERE ...", the row being found by its primary key and by what the changed columns held
 /// before.
 std::string updateStatement(const EditContext& context, const Edits& edits, const OriginalValue& original);
-/// "INSERT INTO table (...) VALUES (...)" with the columns that were set.
+/// "INSERT INTO table (...) VALUES (...)" with the columns that were set, and with the session's numberClause when an
+/// automatic number is not among them.
 std::string insertStatement(const EditContext& context, const Edits& edits);
 /// "DELETE FROM table WHERE ...", by the primary key.
 std::string deleteStatement(const EditContext& context, const OriginalValue& original);
