@@ -26,11 +26,14 @@ class ConnectionString {
   /// What chooses the driver: the bare first part, else the value of Provider, else of Driver; else "".
   [[nodiscard]] const std::string& driverName() const { return driverName_; }
 
- private:
   struct Part {
     std::string name;
     std::string value;
   };
+  /// All of them in the order of the text, without a bare first one.
+  [[nodiscard]] const std::vector<Part>& parts() const { return parts_; }
+
+ private:
   std::vector<Part> parts_;
   std::string driverName_;
 };

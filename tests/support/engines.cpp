@@ -38,6 +38,14 @@ constexpr const char* kEndlessFirebird =
     "WITH RECURSIVE n AS (SELECT 1 AS i FROM RDB$DATABASE UNION ALL SELECT i + 1 FROM n WHERE i < 1000) "
     "SELECT COUNT(*) FROM n a, n b, n c, n d";
 
+const SqlForms kOdbcSqliteForms = {.autoNumber = "INTEGER PRIMARY KEY", .beginWriting = "BEGIN IMMEDIATE"};
+
+const SqlForms kSqlServerForms = {
+    .autoNumber = "INTEGER IDENTITY(1,1) PRIMARY KEY",
+    .beginWriting = "BEGIN TRAN",
+    .runsBatches = true,
+    .typeNames = {{"TEXT", "NVARCHAR(MAX)"}, {"BLOB", "VARBINARY(MAX)"}, {"VARCHAR(40)", "NVARCHAR(40)"}}};
+
 }  // namespace
 
 std::string uniqueName() {
@@ -58,6 +66,9 @@ const std::vector<Engine>& engines() {
       {"Firebird", &create<firebirdDatabase>, "Firebird", kEndlessFirebird, kFirebirdForms},
       {"FirebirdServer", &create<firebirdServerDatabase>, "Firebird", kEndlessFirebird, kFirebirdForms},
       {"MySQL", &create<mysqlDatabase>, "MySQL", "SELECT SLEEP(20)", kMySqlForms},
+      {"OdbcMariaDb", &create<odbcMariaDbDatabase>, "ODBC", "SELECT SLEEP(20)", kMySqlForms},
+      {"OdbcSqlite", &create<odbcSqliteDatabase>, "ODBC", kEndlessSqlite, kOdbcSqliteForms},
+      {"SqlServer", &create<tdsDatabase>, "ODBC", "WAITFOR DELAY '00:00:20'", kSqlServerForms},
   };
   return kEngines;
 }

@@ -3,11 +3,14 @@
 #include "qvn/data/driver_registry.h"
 #include "qvn/data/drivers/firebird/firebird_driver.h"
 #include "qvn/data/drivers/mysql/mysql_driver.h"
+#include "qvn/data/drivers/odbc/odbc_driver.h"
 #include "qvn/data/drivers/sqlite/sqlite_driver.h"
 
 namespace qvn::data {
 
 void registerBuiltInDrivers() {
+  // Asked last, because it takes any connection string that names a driver.
+  registerDriver(odbcDriver());
   registerDriver(firebirdDriver());
   registerDriver(mysqlDriver());
   registerDriver(sqliteDriver());

@@ -1,0 +1,117 @@
+#include "qvn/data/drivers/odbc/odbc_session.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "qvn/base/letter_case.h"
+#include "qvn/base/utf8.h"
+#include "qvn/data/drivers/odbc/odbc_cursor.h"
+#include "qvn/data/drivers/odbc/odbc_error.h"
+#include "qvn/data/drivers/odbc/odbc_literal.h"
+#include "qvn/data/drivers/odbc/statement_text.h"
+
+namespace qvn::data::odbc {
+namespace {
+
+constexpr std::string_view kDoing = "No se pudo ejecutar la sentencia";
+
+ProviderError timeoutError(std::chrono::seconds timeout) {
+  return ownError(provider_number::kTimeout, "HYT00",
+                  "La sentencia no terminó en " + std::to_string(timeout.count()) + " s y se canceló");
+}
+
+}  // namespace
+
+OdbcSession::OdbcSession(const ConnectRequest& request) : OdbcSession(odbcTarget(request), request) {}
+
+OdbcSession::OdbcSession(const Target& target, const ConnectRequest& request)
+    : isReadOnly_(target.isReadOnly), link_(target, request.connectTimeout), timeout_(request.commandTimeout) {}
+
+void OdbcSession::requireExecutable(std::string_view sql) const {
+  link_.requireAlive();
+  if (sql.find('\0') != std::string_view::npos) {
+    throw ownError(provider_number::kStatementRefused, "42000",
+                   "La sentencia lleva un carácter nulo, donde el motor dejaría de leer");
+  }
+  if (sql.size() > static_cast<std::size_t>(std::numeric_limits<SQLINTEGER>::max())) {
+    throw ownError(provider_number::kStatementRefused, "54000", "La sentencia es demasiado larga");
+  }
+  if (isReadOnly_ && !equalIgnoringCase(firstWord(sql), "SELECT")) {
+    throw ownError(provider_number::kNotSupported, "0A000",
+                   "Los archivos de Access sólo se pueden leer; la sentencia no se ejecutó");
+  }
+  // Its driver would run the first statement and drop the others without a word.
+  if (link_.engine() != EngineKind::SqlServer && hasSecondStatement(sql, link_.engine() == EngineKind::MySql)) {
+    throw ownError(provider_number::kStatementRefused, "42000",
+                   "El texto lleva más de una sentencia; ejecútelas una por una");
+  }
+}
+
+StatementResult OdbcSession::execute(std::string_view sql) {
+  if (OdbcCursor* const reader = link_.reader()) reader->releaseLink();
+  requireExecutable(sql);
+  // Outlives the watch, so that nothing cancels a handle that is gone.
+  const StatementHandle statement = link_.newStatement();
+  running_ = statement.get();
+  const Watchdog::Watch watch(watchdog_, timeout_);
+  try {
+    return run(statement, sql);
+  } catch (const ProviderError&) {
+    if (!watch.wasCancelled()) throw;
+    throw timeoutError(timeout_);
+  }
+}
+
+StatementResult OdbcSession::run(const StatementHandle& statement, std::string_view sql) {
+  std::string text(sql);
+  SQLRETURN code =
+      SQLExecDirect(statement.get(), reinterpret_cast<SQLCHAR*>(text.data()), static_cast<SQLINTEGER>(text.size()));
+  StatementResult result;
+  bool isCounted = false;
+  while (code != SQL_NO_DATA) {
+    if (!SQL_SUCCEEDED(code)) throw link_.statementError(statement.get(), kDoing);
+    SQLSMALLINT columns = 0;
+    SQLNumResultCols(statement.get(), &columns);
+    if (columns > 0) {
+      result.cursor = std::make_unique<OdbcCursor>(link_, statement, sql);
+      return result;
+    }
+    SQLLEN rows = -1;
+    SQLRowCount(statement.get(), &rows);
+    if (!isCounted && rows >= 0) {
+      result.affectedRows = rows;
+      isCounted = true;
+    }
+    code = SQLMoreResults(statement.get());
+  }
+  SQLFreeStmt(statement.get(), SQL_CLOSE);
+  if (equalIgnoringCase(firstWord(sql), "INSERT")) result.insertedNumber = lastNumber();
+  return result;
+}
+
+std::int64_t OdbcSession::lastNumber() {
+  const bool isMySql = link_.engine() == EngineKind::MySql;
+  if (!isMySql && link_.engine() != EngineKind::Sqlite) return 0;
+  std::string sql = isMySql ? "SELECT LAST_INSERT_ID()" : "SELECT last_insert_rowid()";
+  const StatementHandle statement = link_.newStatement();
+  SQLBIGINT number = 0;
+  SQLLEN size = 0;
+  const bool isRead = SQL_SUCCEEDED(SQLExecDirect(statement.get(), reinterpret_cast<SQLCHAR*>(sql.data()), SQL_NTS)) &&
+                      SQL_SUCCEEDED(SQLFetch(statement.get())) &&
+                      SQL_SUCCEEDED(SQLGetData(statement.get(), 1, SQL_C_SBIGINT, &number, sizeof number, &size));
+  return isRead && size != SQL_NULL_DATA ? number : 0;
+}
+
+std::string OdbcSession::numberClause(const std::string& /*column*/) const {
+  return link_.engine() == EngineKind::SqlServer ? "; SELECT SCOPE_IDENTITY()" : "";
+}
+
+std::string OdbcSession::engineVersion() {
+  return utf8::sanitize(link_.info(SQL_DBMS_NAME) + " " + link_.info(SQL_DBMS_VER));
+}
+
+std::string OdbcSession::literal(const Variant& value, FieldType type) const {
+  return odbc::literal(link_.engine(), value, type);
+}
+
+}  // namespace qvn::data::odbc

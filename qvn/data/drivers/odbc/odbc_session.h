@@ -1,0 +1,41 @@
+// An open connection through an ODBC driver, as the layers above use it.
+#pragma once
+
+#include <atomic>
+#include <string>
+
+#include "qvn/data/driver.h"
+#include "qvn/data/drivers/odbc/odbc_link.h"
+#include "qvn/data/drivers/odbc/odbc_target.h"
+#include "qvn/data/drivers/watchdog.h"
+
+namespace qvn::data::odbc {
+
+class OdbcSession final : public Session {
+ public:
+  /// Connects. See Driver::connect.
+  explicit OdbcSession(const ConnectRequest& request);
+
+  /// A text of several statements is one batch where the engine takes it: the first result with rows is the cursor, and
+  /// the number of rows is the first that the batch tells.
+  StatementResult execute(std::string_view sql) override;
+  void setCommandTimeout(std::chrono::seconds timeout) override { timeout_ = timeout; }
+  [[nodiscard]] std::string numberClause(const std::string& column) const override;
+  [[nodiscard]] std::string engineVersion() override;
+  [[nodiscard]] std::string literal(const Variant& value, FieldType type) const override;
+
+ private:
+  OdbcSession(const Target& target, const ConnectRequest& request);
+
+  void requireExecutable(std::string_view sql) const;
+  StatementResult run(const StatementHandle& statement, std::string_view sql);
+  std::int64_t lastNumber();
+
+  bool isReadOnly_;
+  OdbcLink link_;
+  std::chrono::seconds timeout_;
+  std::atomic<SQLHSTMT> running_ = nullptr;  // what the watchdog may cancel
+  Watchdog watchdog_{[this] { SQLCancel(running_); }};
+};
+
+}  // namespace qvn::data::odbc
