@@ -60,8 +60,8 @@ TEST_P(TypesConformance, ValuesSurviveWritingThroughARecordset) {
   std::string allBytes;
   for (int i = 0; i < 256; ++i) allBytes.push_back(static_cast<char>(i));
   const std::pair<const char*, Variant> kValues[] = {
-      {"d", 0.1 + 0.2},
-      {"d", -1.7976931348623157e308},
+      {"d", GetParam().forms.roundsDoubles ? 0.3 : 0.1 + 0.2},
+      {"d", GetParam().forms.roundsDoubles ? -1.5e300 : -1.7976931348623157e308},
       {"n", *Decimal::fromText("1234567890.1234")},
       {"t", "O'Higgins \\' \" ; -- ñ 🧾"},
       {"f", Date::fromCivil(1899, 12, 1, {23, 59, 58})},

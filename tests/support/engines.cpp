@@ -38,7 +38,15 @@ constexpr const char* kEndlessFirebird =
     "WITH RECURSIVE n AS (SELECT 1 AS i FROM RDB$DATABASE UNION ALL SELECT i + 1 FROM n WHERE i < 1000) "
     "SELECT COUNT(*) FROM n a, n b, n c, n d";
 
-const SqlForms kOdbcSqliteForms = {.autoNumber = "INTEGER PRIMARY KEY", .beginWriting = "BEGIN IMMEDIATE"};
+// Rows are streamed by later versions of the driver than Debian's.
+SqlForms odbcMariaDbForms() {
+  SqlForms forms = kMySqlForms;
+  forms.readsAhead = true;
+  return forms;
+}
+
+const SqlForms kOdbcSqliteForms = {
+    .autoNumber = "INTEGER PRIMARY KEY", .beginWriting = "BEGIN IMMEDIATE", .roundsDoubles = true};
 
 const SqlForms kSqlServerForms = {
     .autoNumber = "INTEGER IDENTITY(1,1) PRIMARY KEY",
@@ -66,7 +74,7 @@ const std::vector<Engine>& engines() {
       {"Firebird", &create<firebirdDatabase>, "Firebird", kEndlessFirebird, kFirebirdForms},
       {"FirebirdServer", &create<firebirdServerDatabase>, "Firebird", kEndlessFirebird, kFirebirdForms},
       {"MySQL", &create<mysqlDatabase>, "MySQL", "SELECT SLEEP(20)", kMySqlForms},
-      {"OdbcMariaDb", &create<odbcMariaDbDatabase>, "ODBC", "SELECT SLEEP(20)", kMySqlForms},
+      {"OdbcMariaDb", &create<odbcMariaDbDatabase>, "ODBC", "SELECT SLEEP(20)", odbcMariaDbForms()},
       {"OdbcSqlite", &create<odbcSqliteDatabase>, "ODBC", kEndlessSqlite, kOdbcSqliteForms},
       {"SqlServer", &create<tdsDatabase>, "ODBC", "WAITFOR DELAY '00:00:20'", kSqlServerForms},
   };

@@ -108,7 +108,8 @@ class Link:
 
 
 def short_text(text):
-    return bytes([len(text)]) + text.encode("utf-16-le")
+    data = text.encode("utf-16-le")
+    return bytes([len(data) // 2]) + data
 
 
 def long_text(text):
@@ -307,7 +308,7 @@ def type_of(values):
         return FLOAT
     if kinds == {bytes}:
         return LONG_BYTES
-    longest = max(len(str(value)) for value in values if value is not None)
+    longest = max(len(str(value).encode("utf-16-le")) // 2 for value in values if value is not None)
     return LONG_TEXT if longest > 4000 else _limited(0xE7, 8000, COLLATION, _utf16)
 
 

@@ -16,6 +16,7 @@ struct NameRule {
 
 constexpr auto kNameRules = std::to_array<NameRule>({
     {"SQL SERVER", EngineKind::SqlServer},
+    {"TDS", EngineKind::SqlServer},
     {"MARIADB", EngineKind::MySql},
     {"MYSQL", EngineKind::MySql},
     {"SQLITE", EngineKind::Sqlite},

@@ -78,6 +78,12 @@ SQLULEN blockSize(const TypeRule& rule, SQLULEN columnSize) {
   return rule.transfer == SQL_C_BINARY ? columnSize : columnSize * kBytesPerCharacter + 1;
 }
 
+// What an unbounded column of a type is.
+FieldType longType(FieldType type) {
+  if (type == FieldType::VarWChar) return FieldType::LongVarWChar;
+  return type == FieldType::VarBinary ? FieldType::LongVarBinary : type;
+}
+
 // Whole numbers without a sign take the next wider type, as their values do.
 void widen(DescribedColumn& described, SQLSMALLINT type) {
   described.transfer.isUnsigned = true;
@@ -99,6 +105,24 @@ void widen(DescribedColumn& described, SQLSMALLINT type) {
   }
 }
 
+// SQLite's driver gives the type of a text for these; the declared word tells. An expression has none and comes as
+// "varchar", like a column declared so in small letters.
+void applyDeclaredWord(SQLHSTMT statement, SQLUSMALLINT index, DescribedColumn& described) {
+  const std::string declared = text(statement, index, SQL_DESC_TYPE_NAME);
+  described.transfer.isUntyped = declared == "varchar";
+  const std::string word = upperCase(declared);
+  if (word.starts_with("DECIMAL") || word.starts_with("NUMERIC")) {
+    described.column.type = FieldType::Numeric;
+    described.column.precision = static_cast<int>(number(statement, index, SQL_DESC_LENGTH));
+    described.column.scale = static_cast<int>(number(statement, index, SQL_DESC_PRECISION));
+    described.column.definedSize = 0;
+    described.transfer = {SQL_C_CHAR, kShortText};
+  } else if (word.find("BLOB") != std::string::npos || word.find("BINARY") != std::string::npos) {
+    described.column.type = FieldType::LongVarBinary;
+    described.transfer = {SQL_C_BINARY, 0};
+  }
+}
+
 DescribedColumn describe(SQLHSTMT statement, SQLUSMALLINT index, EngineKind engine) {
   std::array<SQLCHAR, 512> name{};
   SQLSMALLINT nameLength = 0;
@@ -116,19 +140,21 @@ DescribedColumn describe(SQLHSTMT statement, SQLUSMALLINT index, EngineKind engi
   if (rule.field == FieldType::Numeric) {
     described.column.precision = static_cast<int>(size);
     described.column.scale = decimals;
-  } else if (rule.size == 0) {
+  } else if (rule.size == 0 && described.transfer.size != 0) {
     described.column.definedSize = static_cast<std::int64_t>(size);
   }
   const bool isWhole = type == SQL_SMALLINT || type == SQL_INTEGER || type == SQL_BIGINT || type == SQL_TINYINT;
+  if (described.transfer.size == 0 && rule.size == 0) described.column.type = longType(rule.field);
   if (isWhole && number(statement, index, SQL_DESC_UNSIGNED) == SQL_TRUE) {
     widen(described, type);
   } else if (type == SQL_TINYINT) {
     described.column.type = FieldType::TinyInt;
   }
+  if (engine == EngineKind::Sqlite) applyDeclaredWord(statement, index, described);
   // That driver hands over texts and nothing else.
   if (engine == EngineKind::Access) described.transfer = {SQL_C_CHAR, 0};
   if (engine == EngineKind::SqlServer && rule.field == FieldType::Numeric &&
-      equalIgnoringCase(text(statement, index, SQL_DESC_TYPE_NAME), "money")) {
+      upperCase(text(statement, index, SQL_DESC_TYPE_NAME)).ends_with("MONEY")) {
     described.column.type = FieldType::Currency;
   }
   return described;

@@ -15,6 +15,7 @@ struct Transfer {
   SQLSMALLINT type = 0;     ///< one of SQL_C_*
   SQLULEN size = 0;         ///< bytes of one value in a block of rows; 0 for one that is fetched by itself, in pieces
   bool isUnsigned = false;  ///< of a whole number
+  bool isUntyped = false;   ///< a text that may stand for a number, because the driver tells no type
 };
 
 struct DescribedColumn {

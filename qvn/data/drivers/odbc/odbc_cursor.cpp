@@ -45,9 +45,10 @@ void OdbcCursor::bindColumns() {
   for (std::size_t i = 0; i < firstLong_; ++i) rowBytes += transfers_[i].size + sizeof(SQLLEN);
   const bool hasLong = firstLong_ < transfers_.size();
   blockRows_ = hasLong ? 1 : std::clamp<SQLULEN>(kMostBytesInBlock / rowBytes, 1, kMostRowsInBlock);
-  const SQLULEN wanted = blockRows_;
-  SQLSetStmtAttr(statement, SQL_ATTR_ROW_ARRAY_SIZE, attributeValue(wanted), 0);
-  SQLSetStmtAttr(statement, SQL_ATTR_ROWS_FETCHED_PTR, fetched_.get(), 0);
+  const bool takesBlocks =
+      SQL_SUCCEEDED(SQLSetStmtAttr(statement, SQL_ATTR_ROWS_FETCHED_PTR, fetched_.get(), 0)) &&
+      SQL_SUCCEEDED(SQLSetStmtAttr(statement, SQL_ATTR_ROW_ARRAY_SIZE, attributeValue(blockRows_), 0));
+  if (!takesBlocks) blockRows_ = 1;
   buffers_.resize(columns_.size());
   for (std::size_t i = 0; i < firstLong_; ++i) {
     Buffer& buffer = buffers_[i];
@@ -59,7 +60,7 @@ void OdbcCursor::bindColumns() {
 }
 
 bool OdbcCursor::fetchBlock() {
-  *fetched_ = blockRows_;  // a driver that knows no blocks leaves it
+  *fetched_ = 1;  // a driver that knows no blocks leaves it
   at_ = 0;
   const SQLRETURN result = SQLFetch(statement_.get());
   if (result == SQL_NO_DATA || (SQL_SUCCEEDED(result) && *fetched_ == 0)) return false;

@@ -38,6 +38,8 @@ constexpr auto kCodeRules = std::to_array<CodeRule>({
     {EngineKind::SqlServer, 20003, number::kTimeout, "HYT00"},
     {EngineKind::SqlServer, 20004, number::kUnspecified, "08S01"},
     {EngineKind::SqlServer, 20006, number::kUnspecified, "08S01"},
+    {EngineKind::SqlServer, 20017, number::kUnspecified, "08S01"},
+    {EngineKind::SqlServer, 20020, number::kUnspecified, "08S01"},
     {EngineKind::SqlServer, 20009, number::kUnspecified, "08001"},
     {EngineKind::SqlServer, 20047, number::kUnspecified, "08S01"},
     {EngineKind::MySql, 1020, number::kRowChanged, nullptr},

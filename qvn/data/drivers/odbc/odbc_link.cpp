@@ -31,8 +31,8 @@ ProviderError missingDriver(const Target& target) {
 
 // What went wrong, under a number that does not pass for a refused statement.
 ProviderError connectError(SQLHDBC connection, const Target& target) {
-  const ProviderError error = lastError(SQL_HANDLE_DBC, connection, engineKind(target.connectionString),
-                                        "No se abrió «" + target.shownName + "»");
+  const ProviderError error =
+      lastError(SQL_HANDLE_DBC, connection, engineKind(target.debianPackage), "No se abrió «" + target.shownName + "»");
   if (isMissingDriver(error)) return missingDriver(target);
   std::vector<ErrorItem> items = error.errors();
   // The record that tells of the log-in may come behind one that only says that there is no connection.
@@ -52,9 +52,8 @@ OdbcLink::OdbcLink(const Target& target, std::chrono::seconds connectTimeout)
   if (!connection_) throw ownError(provider_number::kUnspecified, "HY001", "No hay memoria para la conexión ODBC");
   SQLSetConnectAttr(handle(), SQL_ATTR_LOGIN_TIMEOUT, attributeValue(static_cast<SQLULEN>(connectTimeout.count())), 0);
   std::string text = target.connectionString;
-  const SQLRETURN opened =
-      SQLDriverConnect(handle(), nullptr, reinterpret_cast<SQLCHAR*>(text.data()),
-                       static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+  const SQLRETURN opened = SQLDriverConnect(handle(), nullptr, reinterpret_cast<SQLCHAR*>(text.data()), SQL_NTS,
+                                            nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
   if (!SQL_SUCCEEDED(opened)) throw connectError(handle(), target);
   engine_ = engineKind(info(SQL_DBMS_NAME) + " " + info(SQL_DRIVER_NAME));
   quote_ = info(SQL_IDENTIFIER_QUOTE_CHAR);

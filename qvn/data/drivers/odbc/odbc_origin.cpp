@@ -26,44 +26,55 @@ bool isAutoNumber(SQLHSTMT statement, std::size_t column) {
   return value == SQL_TRUE;
 }
 
-std::vector<std::string> columnOf(OdbcLink& link, const StatementHandle& statement, SQLUSMALLINT position) {
-  std::vector<std::string> names;
+struct NameAndType {
+  std::string name;
+  std::string type;
+};
+
+// Names, and types where `typePosition` is not 0, from the rows of a catalogue function.
+std::vector<NameAndType> readCatalogue(OdbcLink& link, SQLHSTMT statement, SQLUSMALLINT typePosition) {
+  constexpr SQLUSMALLINT kColumnName = 4;
+  std::vector<NameAndType> rows;
   std::array<char, 512> name{};
-  SQLLEN size = 0;
-  SQLBindCol(statement.get(), position, SQL_C_CHAR, name.data(), name.size(), &size);
+  std::array<char, 512> type{};
+  SQLLEN nameSize = 0;
+  SQLLEN typeSize = 0;
+  SQLBindCol(statement, kColumnName, SQL_C_CHAR, name.data(), name.size(), &nameSize);
+  if (typePosition != 0) SQLBindCol(statement, typePosition, SQL_C_CHAR, type.data(), type.size(), &typeSize);
   SQLRETURN result = SQL_SUCCESS;
-  while (SQL_SUCCEEDED(result = SQLFetch(statement.get()))) {
-    if (size != SQL_NULL_DATA) names.emplace_back(name.data());
+  while (SQL_SUCCEEDED(result = SQLFetch(statement))) {
+    if (nameSize != SQL_NULL_DATA) rows.push_back({name.data(), type.data()});
   }
-  if (result != SQL_NO_DATA) throw link.statementError(statement.get(), "No se leyó la clave de la tabla");
-  return names;
+  if (result != SQL_NO_DATA) throw link.statementError(statement, "No se leyó la descripción de la tabla");
+  return rows;
 }
 
-std::vector<std::string> keyColumns(OdbcLink& link, const std::string& table) {
-  constexpr SQLUSMALLINT kColumnName = 4;
+std::vector<NameAndType> keyColumns(OdbcLink& link, const std::string& table) {
   const StatementHandle statement = link.newStatement();
   std::string name = table;
   const SQLRETURN asked =
       SQLPrimaryKeys(statement.get(), nullptr, 0, nullptr, 0, reinterpret_cast<SQLCHAR*>(name.data()),
                      static_cast<SQLSMALLINT>(name.size()));
   if (!SQL_SUCCEEDED(asked)) throw link.statementError(statement.get(), "No se leyó la clave de «" + table + "»");
-  return columnOf(link, statement, kColumnName);
+  return readCatalogue(link, statement.get(), 0);
 }
 
-// Names of the table's columns, to tell them from aliases of expressions.
-std::vector<std::string> tableColumns(OdbcLink& link, const std::string& table) {
-  constexpr SQLUSMALLINT kColumnName = 4;
+// The table's columns, to tell them from aliases of expressions.
+std::vector<NameAndType> tableColumns(OdbcLink& link, const std::string& table) {
+  constexpr SQLUSMALLINT kTypeName = 6;
   const StatementHandle statement = link.newStatement();
   std::string name = table;
   const SQLRETURN asked = SQLColumns(statement.get(), nullptr, 0, nullptr, 0, reinterpret_cast<SQLCHAR*>(name.data()),
                                      static_cast<SQLSMALLINT>(name.size()), nullptr, 0);
   if (!SQL_SUCCEEDED(asked))
     throw link.statementError(statement.get(), "No se leyeron las columnas de «" + table + "»");
-  return columnOf(link, statement, kColumnName);
+  return readCatalogue(link, statement.get(), kTypeName);
 }
 
-bool holds(const std::vector<std::string>& names, const std::string& name) {
-  return std::ranges::any_of(names, [&](const std::string& known) { return equalIgnoringCase(known, name); });
+const NameAndType* find(const std::vector<NameAndType>& rows, const std::string& name) {
+  const auto found =
+      std::ranges::find_if(rows, [&](const NameAndType& row) { return equalIgnoringCase(row.name, name); });
+  return found == rows.end() ? nullptr : &*found;
 }
 
 }  // namespace
@@ -89,19 +100,26 @@ std::vector<ColumnOrigin> statedOrigins(const OdbcLink& link, SQLHSTMT statement
 }
 
 void markKeys(OdbcLink& link, std::vector<ColumnOrigin>& origins) {
-  std::map<std::string, std::vector<std::string>> keys;
-  std::map<std::string, std::vector<std::string>> columns;
+  struct Table {
+    std::vector<NameAndType> columns;
+    std::vector<NameAndType> keys;
+  };
+  std::map<std::string, Table> tables;
   for (ColumnOrigin& origin : origins) {
     if (origin.table.empty()) continue;
-    if (!columns.contains(origin.table)) {
-      columns[origin.table] = tableColumns(link, origin.table);
-      keys[origin.table] = keyColumns(link, origin.table);
-    }
-    if (!holds(columns[origin.table], origin.column)) {
+    const auto [entry, isNew] = tables.try_emplace(origin.table);
+    Table& table = entry->second;
+    if (isNew) table = {tableColumns(link, origin.table), keyColumns(link, origin.table)};
+    const NameAndType* const column = find(table.columns, origin.column);
+    if (column == nullptr) {
       origin = {};
       continue;
     }
-    origin.isKey = holds(keys[origin.table], origin.column);
+    origin.isKey = find(table.keys, origin.column) != nullptr;
+    // A key declared just INTEGER numbers its rows; the driver does not tell.
+    const bool isRowNumber = link.engine() == EngineKind::Sqlite && origin.isKey && table.keys.size() == 1 &&
+                             equalIgnoringCase(column->type, "INTEGER");
+    origin.isAutoNumber = origin.isAutoNumber || isRowNumber;
     origin.table = link.quoted(origin.table);
     origin.column = link.quoted(origin.column);
   }

@@ -15,9 +15,13 @@ namespace {
 
 constexpr std::string_view kDoing = "No se pudo ejecutar la sentencia";
 
-ProviderError timeoutError(std::chrono::seconds timeout) {
-  return ownError(provider_number::kTimeout, "HYT00",
-                  "La sentencia no terminó en " + std::to_string(timeout.count()) + " s y se canceló");
+ProviderError timeoutError(std::chrono::seconds timeout, const ProviderError& reported) {
+  std::vector<ErrorItem> items = reported.errors();
+  items.front().number = provider_number::kTimeout;
+  items.front().sqlState = "HYT00";
+  items.front().description.insert(
+      0, "La sentencia no terminó en " + std::to_string(timeout.count()) + " s y se canceló. ");
+  return ProviderError(std::move(items));
 }
 
 }  // namespace
@@ -25,7 +29,34 @@ ProviderError timeoutError(std::chrono::seconds timeout) {
 OdbcSession::OdbcSession(const ConnectRequest& request) : OdbcSession(odbcTarget(request), request) {}
 
 OdbcSession::OdbcSession(const Target& target, const ConnectRequest& request)
-    : isReadOnly_(target.isReadOnly), link_(target, request.connectTimeout), timeout_(request.commandTimeout) {}
+    : isReadOnly_(target.isReadOnly), link_(target, request.connectTimeout), timeout_(request.commandTimeout) {
+  limitLockWait();
+}
+
+void OdbcSession::setCommandTimeout(std::chrono::seconds timeout) {
+  if (OdbcCursor* const reader = link_.reader()) reader->releaseLink();
+  timeout_ = timeout;
+  limitLockWait();
+}
+
+std::chrono::seconds OdbcSession::lockWait() const {
+  if (timeout_.count() == 0) return std::chrono::hours{24};
+  return std::max(std::chrono::seconds{1}, timeout_ * 4 / 5);
+}
+
+void OdbcSession::limitLockWait() {
+  const std::string seconds = std::to_string(lockWait().count());
+  std::string sql;
+  if (link_.engine() == EngineKind::SqlServer) {
+    sql = "SET LOCK_TIMEOUT " + seconds + "000";
+  } else if (link_.engine() == EngineKind::MySql) {
+    sql = "SET SESSION innodb_lock_wait_timeout = LEAST(@@GLOBAL.innodb_lock_wait_timeout, " + seconds + ")";
+  } else {
+    return;
+  }
+  // An engine that refuses it keeps its own limit.
+  static_cast<void>(SQLExecDirect(link_.newStatement().get(), reinterpret_cast<SQLCHAR*>(sql.data()), SQL_NTS));
+}
 
 void OdbcSession::requireExecutable(std::string_view sql) const {
   link_.requireAlive();
@@ -40,8 +71,8 @@ void OdbcSession::requireExecutable(std::string_view sql) const {
     throw ownError(provider_number::kNotSupported, "0A000",
                    "Los archivos de Access sólo se pueden leer; la sentencia no se ejecutó");
   }
-  // Its driver would run the first statement and drop the others without a word.
-  if (link_.engine() != EngineKind::SqlServer && hasSecondStatement(sql, link_.engine() == EngineKind::MySql)) {
+  // The driver would run some second statements and drop others without a word.
+  if (link_.engine() == EngineKind::Sqlite && hasSecondStatement(sql)) {
     throw ownError(provider_number::kStatementRefused, "42000",
                    "El texto lleva más de una sentencia; ejecútelas una por una");
   }
@@ -55,11 +86,30 @@ StatementResult OdbcSession::execute(std::string_view sql) {
   running_ = statement.get();
   const Watchdog::Watch watch(watchdog_, timeout_);
   try {
-    return run(statement, sql);
-  } catch (const ProviderError&) {
+    return runPatiently(statement, sql);
+  } catch (const ProviderError& error) {
     if (!watch.wasCancelled()) throw;
-    throw timeoutError(timeout_);
+    absorbCancel();
+    throw timeoutError(timeout_, error);
   }
+}
+
+StatementResult OdbcSession::runPatiently(const StatementHandle& statement, std::string_view sql) {
+  const auto deadline = std::chrono::steady_clock::now() + lockWait();
+  while (true) {
+    try {
+      return run(statement, sql);
+    } catch (const ProviderError& error) {
+      const bool waits = link_.engine() == EngineKind::Sqlite && error.errors().front().isLockConflict;
+      if (!waits || std::chrono::steady_clock::now() >= deadline) throw;
+    }
+  }
+}
+
+void OdbcSession::absorbCancel() {
+  if (link_.engine() != EngineKind::MySql) return;
+  std::string nothing = "DO 0";
+  static_cast<void>(SQLExecDirect(link_.newStatement().get(), reinterpret_cast<SQLCHAR*>(nothing.data()), SQL_NTS));
 }
 
 StatementResult OdbcSession::run(const StatementHandle& statement, std::string_view sql) {

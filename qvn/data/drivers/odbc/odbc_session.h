@@ -19,7 +19,7 @@ class OdbcSession final : public Session {
   /// A text of several statements is one batch where the engine takes it: the first result with rows is the cursor, and
   /// the number of rows is the first that the batch tells.
   StatementResult execute(std::string_view sql) override;
-  void setCommandTimeout(std::chrono::seconds timeout) override { timeout_ = timeout; }
+  void setCommandTimeout(std::chrono::seconds timeout) override;
   [[nodiscard]] std::string numberClause(const std::string& column) const override;
   [[nodiscard]] std::string engineVersion() override;
   [[nodiscard]] std::string literal(const Variant& value, FieldType type) const override;
@@ -27,8 +27,16 @@ class OdbcSession final : public Session {
  private:
   OdbcSession(const Target& target, const ConnectRequest& request);
 
+  // Lets the engine end a wait for another session's row before the statement's own time is over, so that the error
+  // tells what it was that took so long.
+  void limitLockWait();
+  [[nodiscard]] std::chrono::seconds lockWait() const;
   void requireExecutable(std::string_view sql) const;
   StatementResult run(const StatementHandle& statement, std::string_view sql);
+  // Repeats a statement that met another session's lock, where the driver itself must not wait for it.
+  StatementResult runPatiently(const StatementHandle& statement, std::string_view sql);
+  // An order to end a statement may have crossed its answer; the server that applies it to the next one finds this one.
+  void absorbCancel();
   std::int64_t lastNumber();
 
   bool isReadOnly_;

@@ -101,11 +101,13 @@ struct DriverHabit {
   std::string_view settings;  // added unless the host set the first of them itself
 };
 
-// MariaDB: rows that match count as affected (2), and rows are streamed (1048576). SQLite: rows are streamed.
+// MariaDB: rows that match count as affected (2), cursors only go forward (2097152) and are streamed (1048576, which
+// versions before 3.1.17 ignore). SQLite: rows are streamed, and a wait for another session is short, because the
+// driver cannot be stopped in it; the session repeats the statement.
 constexpr auto kHabits = std::to_array<DriverHabit>({
-    {"maria", "odbc-mariadb", "OPTION=1048578;CHARSET=utf8mb4;"},
-    {"maodbc", "odbc-mariadb", "OPTION=1048578;CHARSET=utf8mb4;"},
-    {"sqlite", "libsqliteodbc", "StepAPI=1;"},
+    {"maria", "odbc-mariadb", "OPTIONS=3145730;CHARSET=utf8mb4;"},
+    {"maodbc", "odbc-mariadb", "OPTIONS=3145730;CHARSET=utf8mb4;"},
+    {"sqlite", "libsqliteodbc", "StepAPI=1;Timeout=100;"},
     {"freetds", "tdsodbc", "TDS_Version=7.3;ClientCharset=UTF-8;"},
     {"tdsodbc", "tdsodbc", "TDS_Version=7.3;ClientCharset=UTF-8;"},
     {"mdb", "odbc-mdbtools", ""},
@@ -133,7 +135,8 @@ Target otherTarget(const ConnectRequest& request) {
     target.debianPackage = habit.debianPackage;
     target.isReadOnly = habit.word == "mdb";
     const std::string_view first = habit.settings.substr(0, habit.settings.find('='));
-    if (first.empty() || !request.parameters.value({first})) text.append(habit.settings);
+    // One driver reads its number under two names.
+    if (first.empty() || !request.parameters.value({first, "OPTION"})) text.append(habit.settings);
     break;
   }
   appendCredentials(text, request);

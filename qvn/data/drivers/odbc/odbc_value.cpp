@@ -7,6 +7,7 @@
 #include <cstring>
 #include <system_error>
 
+#include "qvn/base/number_text.h"
 #include "qvn/data/iso_date.h"
 
 namespace qvn::data::odbc {
@@ -81,6 +82,17 @@ bool isText(FieldType type) {
   return type == FieldType::WChar || type == FieldType::VarWChar || type == FieldType::LongVarWChar;
 }
 
+// A number as the engine writes it, and nothing that a text would rather be, such as "007" or "1.50".
+bool readUntyped(std::string_view text, Variant& value) {
+  double number = 0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (read.ec != std::errc{} || read.ptr != text.data() + text.size()) return false;
+  const std::string_view shown = text.ends_with(".0") ? text.substr(0, text.size() - 2) : text;
+  if (shortestNumber(number) != shown) return false;
+  value = number;
+  return true;
+}
+
 // A value that its type cannot hold stays the text that it came as.
 void readText(std::string_view text, FieldType type, Variant& value) {
   if (isDate(type)) {
@@ -129,6 +141,7 @@ void readValue(std::string_view bytes, const Transfer& transfer, FieldType type,
       readMoment(bytes, type, value);
       break;
     default:
+      if (transfer.isUntyped && readUntyped(bytes, value)) break;
       readText(bytes, type, value);
       break;
   }

@@ -22,17 +22,11 @@ std::size_t commentLength(std::string_view sql) {
 }
 
 // Length of the quoted text or name at the front, 0 when there is none. A doubled quote reads as two quoted pieces.
-std::size_t quotedLength(std::string_view sql, bool hasEscapes) {
+std::size_t quotedLength(std::string_view sql) {
   const char quote = sql.front();
   if (quote != '\'' && quote != '"' && quote != '`') return 0;
-  for (std::size_t at = 1; at < sql.size(); ++at) {
-    if (hasEscapes && quote != '`' && sql[at] == '\\') {
-      ++at;
-    } else if (sql[at] == quote) {
-      return at + 1;
-    }
-  }
-  return sql.size();
+  const std::size_t end = sql.find(quote, 1);
+  return end == std::string_view::npos ? sql.size() : end + 1;
 }
 
 std::string_view withoutLead(std::string_view sql) {
@@ -52,7 +46,7 @@ std::string_view firstWord(std::string_view sql) {
   return sql.substr(0, static_cast<std::size_t>(std::ranges::find_if_not(sql, isLetter) - sql.begin()));
 }
 
-bool hasSecondStatement(std::string_view sql, bool hasEscapes) {
+bool hasSecondStatement(std::string_view sql) {
   while (!sql.empty()) {
     if (sql.front() == ';') {
       sql.remove_prefix(1);
@@ -60,7 +54,7 @@ bool hasSecondStatement(std::string_view sql, bool hasEscapes) {
       if (!sql.empty() && sql.front() != ';') return true;
       continue;
     }
-    std::size_t length = quotedLength(sql, hasEscapes);
+    std::size_t length = quotedLength(sql);
     if (length == 0) length = commentLength(sql);
     sql.remove_prefix(std::max<std::size_t>(length, 1));
   }

@@ -9,7 +9,7 @@ namespace qvn::data::odbc {
 std::string_view firstWord(std::string_view sql);
 
 /// True when something else than blanks and comments follows a ";" that stands outside texts, quoted names and
-/// comments. Where `hasEscapes`, a backslash in a text escapes the character after it.
-bool hasSecondStatement(std::string_view sql, bool hasEscapes);
+/// comments.
+bool hasSecondStatement(std::string_view sql);
 
 }  // namespace qvn::data::odbc
