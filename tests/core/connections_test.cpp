@@ -1,6 +1,7 @@
 // Recordset kinds, date literals and database files.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -8,6 +9,7 @@
 #include "qvn/core/date_literal.h"
 #include "qvn/core/recordsets.h"
 #include "qvn/core/saved_recordset.h"
+#include "qvn/data/drivers/built_in.h"
 #include "tests/support/alias_driver.h"
 #include "tests/support/error_of.h"
 #include "tests/support/locale_guard.h"
@@ -101,6 +103,31 @@ TEST(AbreConnection, NeverRaises) {
   EXPECT_EQ(connection->CommandTimeout(), std::chrono::seconds{30});
   EXPECT_EQ(connection->Properties().get("Jet OLEDB:Database Password").toText(), "KXTRBAMV");
   EXPECT_EQ(AbreConnection("a;b='")->State(), data::ObjectState::Closed);
+}
+
+TEST(AbreConnection, ChecksThePasswordOfTheFile) {
+  data::registerBuiltInDrivers();
+  struct Row {
+    const char* password;
+    bool opens;
+  };
+  for (const Row& row : {Row{"", true}, Row{"KXTRBAMV", true}, Row{"kxtrbamv", false}, Row{"KXTRBAMVX", false}}) {
+    SCOPED_TRACE(row.password);
+    const auto file = std::filesystem::temp_directory_path() / "qvn_abre_connection_test.mdb";
+    std::filesystem::remove(file);
+    const std::string make = "python3 " QVN_JET_SCRIPT " '" + file.string() + "' '" + row.password + "'";
+    ASSERT_EQ(std::system(make.c_str()), 0);
+    const auto connection = AbreConnection(file.string());
+    EXPECT_EQ(connection->State() == data::ObjectState::Open, row.opens);
+    if (row.opens) {
+      const auto rows = CreaRecordSet("SELECT * FROM prods", connection);
+      EXPECT_EQ(rows->RecordCount(), 2);
+      EXPECT_EQ(rows->Fields("nombre").Value().toText(), "Piñón de 12€");
+      EXPECT_EQ(test::errorNumber([&] { connection->Execute("DELETE FROM prods"); }),
+                data::provider_number::kNotSupported);
+    }
+    std::filesystem::remove(file);
+  }
 }
 
 TEST(LoadRsFromXML, NothingForMissingAndUnreadableFiles) {
