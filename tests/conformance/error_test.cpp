@@ -46,6 +46,32 @@ TEST_P(ErrorConformance, NumbersAndStates) {
   EXPECT_EQ(scalar("SELECT COUNT(*) FROM prods"), "3");
 }
 
+TEST_P(ErrorConformance, TheLibrarysOwnStatementsRunAsWritten) {
+  struct Row {
+    std::string sql;
+    bool isTaken = true;
+  };
+  const SqlForms& forms = GetParam().forms;
+  const Row kRows[] = {
+      {"SELECT COUNT(*) AS 'REGISTROS' FROM prods", forms.takesQuotedAlias},
+      {"SELECT * FROM prods"},
+      {"SELECT articulo FROM prods WHERE articulo = 'A1'"},
+      {"SELECT existencia FROM prods WHERE (((existencia) = 5)) "},
+      {"SELECT existencia FROM prods WHERE (((existencia) = 5))"},
+      {"SELECT articulo FROM prods "},
+      {"SELECT SCOPE_IDENTITY()", forms.hasScopeIdentity},
+      {"SELECT sum(existencia) As cargos FROM prods WHERE articulo = 'A1' AND existencia = 100"},
+      {"SELECT sum(existencia * precio1) As S FROM prods WHERE articulo = 'A1'"},
+      {"UPDATE prods SET precio1 = 10.25,nombre = 'P' WHERE existencia = 100"},
+      {"UPDATE prods SET precio1 = existencia - 99.5 WHERE articulo = 'A1'"},
+  };
+  for (const Row& row : kRows) {
+    SCOPED_TRACE(row.sql);
+    EXPECT_EQ(errorNumber([&] { connection_->Execute(row.sql); }), row.isTaken ? 0 : number::kStatementRefused);
+  }
+  EXPECT_EQ(scalar("SELECT precio1 FROM prods WHERE articulo = 'A1'"), "0.5");
+}
+
 TEST_P(ErrorConformance, ASecondStatementIsNeverLost) {
   const std::int32_t raised = errorNumber([&] { connection_->Execute(select("1") + "; DELETE FROM prods"); });
   EXPECT_EQ(raised, GetParam().forms.runsBatches ? 0 : number::kStatementRefused);

@@ -32,6 +32,7 @@ const SqlForms kFirebirdForms = {
     .beginWriting = "SET TRANSACTION",
     .insertsManyRows = false,
     .upperCasesNames = true,
+    .takesQuotedAlias = false,
     .typeNames = {{"DOUBLE", "DOUBLE PRECISION"}, {"TEXT", "BLOB SUB_TYPE TEXT"}, {"DATETIME", "TIMESTAMP"}}};
 
 constexpr const char* kEndlessFirebird =
@@ -51,6 +52,7 @@ const SqlForms kOdbcSqliteForms = {
 const SqlForms kSqlServerForms = {
     .autoNumber = "INTEGER IDENTITY(1,1) PRIMARY KEY",
     .beginWriting = "BEGIN TRAN",
+    .hasScopeIdentity = true,
     .runsBatches = true,
     .typeNames = {{"TEXT", "NVARCHAR(MAX)"}, {"BLOB", "VARBINARY(MAX)"}, {"VARCHAR(40)", "NVARCHAR(40)"}}};
 

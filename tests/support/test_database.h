@@ -41,6 +41,8 @@ struct SqlForms {
   bool upperCasesNames = false;                            // names without quotes come back in capitals
   bool readsAhead = false;                                 // the driver reads all rows of a result at once
   bool roundsDoubles = false;                              // to 15 digits
+  bool takesQuotedAlias = true;                            // AS 'REGISTROS'
+  bool hasScopeIdentity = false;                           // SELECT SCOPE_IDENTITY()
   bool runsBatches = false;                                // a text of several statements is one batch
   std::map<std::string, std::string> typeNames = {};       // where it has another name for a type
   std::map<std::string, data::FieldType> fieldTypes = {};  // where a field of a type is not of the usual field type
