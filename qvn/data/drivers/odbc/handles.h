@@ -8,9 +8,9 @@
 
 namespace qvn::data::odbc {
 
-template <SQLSMALLINT type>
+template <SQLSMALLINT kType>
 struct FreeHandle {
-  void operator()(SQLHANDLE handle) const noexcept { SQLFreeHandle(type, handle); }
+  void operator()(SQLHANDLE handle) const noexcept { SQLFreeHandle(kType, handle); }
 };
 
 using EnvironmentHandle = std::unique_ptr<void, FreeHandle<SQL_HANDLE_ENV>>;

@@ -14,7 +14,7 @@ std::vector<std::string> driverNames() {
   std::array<char, 8192> list{};  // names, each ended by a NUL
   WORD size = 0;
   std::vector<std::string> names;
-  if (!SQLGetInstalledDrivers(list.data(), static_cast<WORD>(list.size() - 2), &size)) return names;
+  if (SQLGetInstalledDrivers(list.data(), static_cast<WORD>(list.size() - 2), &size) == 0) return names;
   for (const char* at = list.data(); *at != '\0'; at += names.back().size() + 1) names.emplace_back(at);
   return names;
 }

@@ -134,7 +134,8 @@ ProviderError lastError(SQLSMALLINT handleType, SQLHANDLE handle, EngineKind eng
   }
   if (items.empty()) return ownError(number::kUnspecified, "HY000", std::string(doing));
   // A warning that came along is not what failed.
-  std::ranges::stable_partition(items, [](const ErrorItem& item) { return !item.sqlState.starts_with("01"); });
+  std::stable_partition(items.begin(), items.end(),
+                        [](const ErrorItem& item) { return !item.sqlState.starts_with("01"); });
   items.front().description.insert(0, std::string(doing) + ": ");
   return ProviderError(std::move(items));
 }

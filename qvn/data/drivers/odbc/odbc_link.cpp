@@ -1,5 +1,6 @@
 #include "qvn/data/drivers/odbc/odbc_link.h"
 
+#include <algorithm>
 #include <array>
 
 #include "qvn/data/drivers/odbc/installed_drivers.h"
@@ -11,13 +12,10 @@ namespace {
 
 // The driver manager's states for a driver that it does not know or cannot load.
 bool isMissingDriver(const ProviderError& error) {
-  for (const ErrorItem& item : error.errors()) {
-    if (item.sqlState == "IM002" || item.sqlState == "IM003" ||
-        item.description.find("Can't open lib") != std::string::npos) {
-      return true;
-    }
-  }
-  return false;
+  return std::ranges::any_of(error.errors(), [](const ErrorItem& item) {
+    return item.sqlState == "IM002" || item.sqlState == "IM003" ||
+           item.description.find("Can't open lib") != std::string::npos;
+  });
 }
 
 ProviderError missingDriver(const Target& target) {
