@@ -23,8 +23,9 @@ ProviderError missingDriver(const Target& target) {
                                   ? "odbc-mariadb, libsqliteodbc, tdsodbc u odbc-mdbtools, según el motor"
                                   : target.debianPackage;
   return ownError(provider_number::kNoSuchProvider, "IM002",
-                  "No está instalado el controlador ODBC de «" + target.shownName +
-                      "»; los instalados son: " + registeredDrivers() + ". En Debian lo trae el paquete " + package);
+                  "No está instalado el controlador ODBC, o no existe la fuente de datos, de «" + target.shownName +
+                      "»; los controladores instalados son: " + registeredDrivers() +
+                      ". En Debian lo trae el paquete " + package);
 }
 
 // What went wrong, under a number that does not pass for a refused statement.
@@ -36,6 +37,9 @@ ProviderError connectError(SQLHDBC connection, const Target& target) {
   // The record that tells of the log-in may come behind one that only says that there is no connection.
   for (const ErrorItem& item : items) {
     if (item.number == provider_number::kLoginRefused) items.front().number = item.number;
+  }
+  if (items.front().number != provider_number::kLoginRefused) {
+    items.front().description.append("; revise la cadena de conexión y que el servidor o el archivo estén en su lugar");
   }
   if (items.front().number == provider_number::kStatementRefused) items.front().number = provider_number::kUnspecified;
   return ProviderError(std::move(items));

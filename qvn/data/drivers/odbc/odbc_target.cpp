@@ -128,7 +128,12 @@ Target otherTarget(const ConnectRequest& request) {
     if (isRepeated || isCredential(part->name) || equalIgnoringCase(part->name, "Provider")) continue;
     append(text, part->name, part->value);
   }
-  target.shownName = request.parameters.value({"DSN", "Driver"}).value_or("ODBC");
+  target.shownName = request.parameters.value({"DSN", "Driver"}).value_or("");
+  if (target.shownName.empty()) {
+    throw ProviderError(
+        provider_number::kBadConnectionString,
+        "La cadena de conexión no dice qué controlador ODBC usar; agregue «Driver=nombre» o «DSN=nombre»");
+  }
   const std::string driver = request.parameters.value({"Driver"}).value_or("");
   for (const DriverHabit& habit : kHabits) {
     if (!contains(driver, habit.word)) continue;
