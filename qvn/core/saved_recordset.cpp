@@ -13,6 +13,7 @@ data::RecordsetPtr LoadRsFromXML(std::string_view fullpath) {
     std::error_code unreadable;
     if (fullpath.empty() || !std::filesystem::exists(hostPath(fullpath), unreadable)) return nullptr;
     auto rows = std::make_shared<data::Recordset>();
+    rows->setCursorLocation(data::CursorLocation::Client);
     rows->Open(fullpath, "Provider=MSPersist;");
     return rows;
   } catch (const RuntimeError&) {

@@ -4,7 +4,9 @@
 #include "qvn/data/drivers/firebird/firebird_driver.h"
 #include "qvn/data/drivers/mysql/mysql_driver.h"
 #include "qvn/data/drivers/odbc/odbc_driver.h"
+#include "qvn/data/drivers/persist/persist_driver.h"
 #include "qvn/data/drivers/sqlite/sqlite_driver.h"
+#include "qvn/data/recordset_store.h"
 
 namespace qvn::data {
 
@@ -13,6 +15,8 @@ void registerBuiltInDrivers() {
   registerDriver(odbcDriver());
   registerDriver(firebirdDriver());
   registerDriver(mysqlDriver());
+  registerDriver(persistDriver());
+  setRecordsetStore(persistStore());
   registerDriver(sqliteDriver());
 }
 
