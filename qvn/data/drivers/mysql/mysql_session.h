@@ -21,8 +21,8 @@ class MysqlSession final : public Session {
   [[nodiscard]] std::string literal(const Variant& value, FieldType type) const override;
 
  private:
-  // Lets the server end a wait for another session's row before the statement's own time is over, so that the error tells
-  // what it was that took so long.
+  // Lets the server end a wait for another session's row before the statement's own time is over, so that the error
+  // tells what it was that took so long.
   void limitLockWait();
   // Waits for the first row or the outcome.
   StatementResult run(std::string_view sql, AnswerWait& wait);

@@ -62,7 +62,8 @@ class Document {
 bool isPlainName(std::string_view name) {
   const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; };
   if (name.empty() || !isLetter(name.front())) return false;
-  return name.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_") == name.npos;
+  return name.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_") ==
+         std::string_view::npos;
 }
 
 // Names that XML does not take as they are, and repeated ones, are numbered.
@@ -73,9 +74,9 @@ std::vector<std::string> attributeNames(const std::vector<Column>& columns) {
   std::vector<std::string> names;
   for (const Column& column : columns) {
     std::string name = column.name;
-    if (!isPlainName(name) || used.count(name) != 0) {
+    if (!isPlainName(name) || used.contains(name)) {
       name = "c" + std::to_string(names.size());
-      while (taken.count(name) != 0) name.append("_");
+      while (taken.contains(name)) name.append("_");
     }
     used.insert(name);
     names.push_back(std::move(name));

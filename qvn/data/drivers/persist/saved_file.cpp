@@ -55,15 +55,12 @@ ProviderError SavedFile::notXml(const xmlError* problem) const {
 
 // Zero bytes are left out, which makes the two bytes of UTF-16 one.
 bool SavedFile::declaresType(std::string_view block) {
-  for (const char c : block) {
-    if (c == '\0') continue;
-    if (c == kDocumentType[matched_]) {
-      if (++matched_ == kDocumentType.size()) return true;
-    } else {
-      matched_ = c == kDocumentType.front() ? 1 : 0;
-    }
-  }
-  return false;
+  return std::ranges::any_of(block, [this](char c) {
+    if (c == '\0') return false;
+    if (c == kDocumentType[matched_]) return ++matched_ == kDocumentType.size();
+    matched_ = c == kDocumentType.front() ? 1 : 0;
+    return false;
+  });
 }
 
 int SavedFile::feed(void* self, char* buffer, int size) {
