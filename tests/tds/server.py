@@ -225,16 +225,16 @@ class Session:
         elif second == "DATABASE" and statement.keyword in ("CREATE", "DROP"):
             (create_database if statement.keyword == "CREATE" else drop_database)(self.home, last)
         elif statement.keyword == "KILL":
-            self._kill(int(last))
+            self._kill(int(words[1]), last.upper() == "RESET")
         else:
             return False
         return True
 
-    def _kill(self, spid):
+    def _kill(self, spid, resets):
         victim = self.open_sessions.get(spid)
         if victim is None:
             raise Refused(6106, f"Process ID {spid} is not an active process ID.")
-        victim.link.cut()
+        victim.link.cut(resets)
 
     def _begin(self):
         if self.engine.depth == 0:

@@ -1,5 +1,6 @@
 """Packets, tokens and values of the tabular data stream, versions 7.2 to 7.4."""
 
+import ctypes
 import datetime
 import decimal
 import re
@@ -101,10 +102,13 @@ class Link:
         self._send(bytes(self.buffer), True)
         self.buffer.clear()
 
-    def cut(self):
-        """Ends the connection as a failing network does."""
-        self.connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
-        self.connection.shutdown(socket.SHUT_RDWR)
+    def cut(self, resets):
+        """Ends the connection as a server that closes it does, or resets it as a failing network does."""
+        if resets:
+            # Closing a socket resets it at once only when no thread waits on it; connecting it to nothing always does.
+            ctypes.CDLL(None).connect(self.connection.fileno(), struct.pack("H14x", socket.AF_UNSPEC), 16)
+        else:
+            self.connection.shutdown(socket.SHUT_RDWR)
 
 
 def short_text(text):

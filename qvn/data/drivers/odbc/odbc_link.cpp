@@ -45,6 +45,14 @@ ProviderError connectError(SQLHDBC connection, const Target& target) {
   return ProviderError(std::move(items));
 }
 
+// FreeTDS has no code for a connection that was reset, only "Unknown error".
+ProviderError asLost(const ProviderError& error) {
+  std::vector<ErrorItem> items = error.errors();
+  items.front().number = provider_number::kUnspecified;
+  items.front().sqlState = "08S01";
+  return ProviderError(std::move(items));
+}
+
 }  // namespace
 
 OdbcLink::OdbcLink(const Target& target, std::chrono::seconds connectTimeout)
@@ -81,9 +89,18 @@ StatementHandle OdbcLink::newStatement() const {
 
 ProviderError OdbcLink::statementError(SQLHSTMT statement, std::string_view doing) {
   ProviderError error = lastError(SQL_HANDLE_STMT, statement, engine_, doing);
+  if (error.number() != provider_number::kUnspecified && saysItIsDead()) error = asLost(error);
   // A damaged file is no lost connection: another statement may read what is sound.
   if (error.number() == provider_number::kUnspecified && engine_ != EngineKind::Sqlite) isLost_ = true;
   return error;
+}
+
+bool OdbcLink::saysItIsDead() const {
+  // Others say it in their codes; MariaDB's driver would ask its server, in the middle of a result.
+  if (engine_ == EngineKind::MySql || engine_ == EngineKind::Sqlite) return false;
+  SQLUINTEGER isDead = SQL_CD_FALSE;
+  return SQL_SUCCEEDED(SQLGetConnectAttr(handle(), SQL_ATTR_CONNECTION_DEAD, &isDead, sizeof isDead, nullptr)) &&
+         isDead == SQL_CD_TRUE;
 }
 
 void OdbcLink::requireAlive() const {

@@ -40,6 +40,8 @@ class OdbcLink {
   void setReader(OdbcCursor* reader) { reader_ = reader; }
 
  private:
+  [[nodiscard]] bool saysItIsDead() const;
+
   EnvironmentHandle environment_;
   ConnectionHandle connection_;
   std::string shownName_;
