@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "qvn/core/access_database.h"
+#include "qvn/core/consecutive.h"
 #include "qvn/core/date_literal.h"
 #include "qvn/core/environment.h"
 #include "qvn/core/existence.h"
@@ -10,7 +11,12 @@
 #include "qvn/core/recordsets.h"
 #include "qvn/core/saved_recordset.h"
 #include "qvn/data/drivers/built_in.h"
+#include "qvn/ledger/lots.h"
+#include "qvn/ledger/orders.h"
+#include "qvn/ledger/payables.h"
+#include "qvn/ledger/price_history.h"
 #include "qvn/ledger/receivables.h"
+#include "qvn/ledger/stock.h"
 #include "qvn/text/account.h"
 #include "qvn/text/arithmetic.h"
 #include "qvn/text/decimal_text.h"
@@ -26,7 +32,8 @@ namespace qvn {
 
 LumLibreria::LumLibreria() : LumLibreria(host::terminalMessageBox()) {}
 
-LumLibreria::LumLibreria(std::shared_ptr<host::MessageBox> messages) : messages_(std::move(messages)) {
+LumLibreria::LumLibreria(std::shared_ptr<host::MessageBox> messages, ClockPtr clock)
+    : messages_(std::move(messages)), clock_(std::move(clock)) {
   data::registerBuiltInDrivers();
 }
 
@@ -68,6 +75,20 @@ std::string LumLibreria::FechaSQL(const Variant& dFecha, const ConnectionPtr& Co
   return core::FechaSQL(dFecha, Connection);
 }
 data::ConnectionPtr LumLibreria::AbreConnection(std::string_view cBase) const { return core::AbreConnection(cBase); }
+
+std::int32_t LumLibreria::TraeSiguiente(std::string_view Campo, const ConnectionPtr& Connection,
+                                        const Variant& nErrores, host::QueryPtr& Query) const {
+  return core::TraeSiguiente(Campo, Connection, nErrores, Query);
+}
+std::int32_t LumLibreria::TraeSiguienteConfig(std::string_view Campo, const std::shared_ptr<Object>& SQLite) const {
+  return core::TraeSiguienteConfig(Campo, SQLite);
+}
+std::int32_t LumLibreria::TraePosibleSiguiente(std::string_view Campo, const ConnectionPtr& Connection) const {
+  return core::TraePosibleSiguiente(Campo, Connection);
+}
+std::int32_t LumLibreria::TraeSiguienteSeguro(std::string_view Campo, const ConnectionPtr& Connection) const {
+  return core::TraeSiguienteSeguro(Campo, Connection);
+}
 
 bool LumLibreria::Conectar() const { return core::Conectar(*core::systemNetworkLinks()); }
 bool LumLibreria::IsConnected() const { return core::IsConnected(*core::systemNetworkLinks(), *messages_); }
@@ -179,6 +200,74 @@ void LumLibreria::ActualizaPorAplicar(const Variant& nAbono, const host::Ambient
 void LumLibreria::AfectaSaldoDeCliente(std::string_view cCliente, double nCantidad,
                                        const ConnectionPtr& Connection) const {
   ledger::AfectaSaldoDeCliente(cCliente, nCantidad, Connection);
+}
+
+void LumLibreria::ActualizaSaldoPagos(const Variant& nCuenxpag, const host::AmbientePtr& Ambiente) const {
+  ledger::ActualizaSaldoPagos(nCuenxpag, Ambiente);
+}
+void LumLibreria::ActualizaCuenxpag(const Variant& nCuenxpag, const host::AmbientePtr& Ambiente) const {
+  ledger::ActualizaCuenxpag(nCuenxpag, Ambiente);
+}
+void LumLibreria::ActualizaPorAplicarEnPagos(const Variant& nAbono, const host::AmbientePtr& Ambiente) const {
+  ledger::ActualizaPorAplicarEnPagos(nAbono, Ambiente);
+}
+void LumLibreria::AfectaSaldoDeProveedor(std::string_view cProveedor, double nCantidad,
+                                         const ConnectionPtr& Connection) const {
+  ledger::AfectaSaldoDeProveedor(cProveedor, nCantidad, Connection);
+}
+
+void LumLibreria::ActualizaPorSurtirEnPedido(const Variant& cArticulo, std::int32_t nPartida, double nCantidad,
+                                             std::int32_t nPedido, const host::AmbientePtr& Ambiente,
+                                             bool bolAfectaArticulos, host::QueryPtr& Query) const {
+  ledger::ActualizaPorSurtirEnPedido(cArticulo, nPartida, nCantidad, nPedido, Ambiente, bolAfectaArticulos, Query);
+}
+void LumLibreria::ActualizaPorSurtirEnPedido(const Variant& cArticulo, std::int32_t nPartida, double nCantidad,
+                                             std::int32_t nPedido, const host::AmbientePtr& Ambiente,
+                                             bool bolAfectaArticulos) const {
+  host::QueryPtr none;
+  ledger::ActualizaPorSurtirEnPedido(cArticulo, nPartida, nCantidad, nPedido, Ambiente, bolAfectaArticulos, none);
+}
+void LumLibreria::ActualizaPorSurtirEnOrden(const Variant& cArticulo, std::int32_t nPartida, double nCantidad,
+                                            std::int32_t nPedido, const host::AmbientePtr& Ambiente,
+                                            bool bolAfectaArticulos) const {
+  ledger::ActualizaPorSurtirEnOrden(cArticulo, nPartida, nCantidad, nPedido, Ambiente, bolAfectaArticulos);
+}
+void LumLibreria::ActualizaPorSurtir(const host::AmbientePtr& Ambiente, std::string_view cArticulo,
+                                     std::int32_t nPartida, double nCantidad, bool bolAfectaArticulos) const {
+  ledger::ActualizaPorSurtir(Ambiente, cArticulo, nPartida, nCantidad, bolAfectaArticulos);
+}
+void LumLibreria::ActualizaPorRecibir(const host::AmbientePtr& Ambiente, std::string_view cArticulo,
+                                      std::int32_t nPartida, double nCantidad, bool bolAfectaArticulos) const {
+  ledger::ActualizaPorRecibir(Ambiente, cArticulo, nPartida, nCantidad, bolAfectaArticulos);
+}
+
+void LumLibreria::ActualizaApartadosPorVenta(const Variant& cArticulo, const Variant& nCantidad,
+                                             const host::AmbientePtr& Ambiente) const {
+  ledger::ActualizaApartadosPorVenta(cArticulo, nCantidad, Ambiente);
+}
+double LumLibreria::EnVenta(std::string_view strArticulo, std::int32_t nVenta, const Variant& nAlmacen,
+                            const ConnectionPtr& Connection) const {
+  return ledger::EnVenta(strArticulo, nVenta, nAlmacen, Connection);
+}
+double LumLibreria::PorSurtir(std::string_view strArticulo, const ConnectionPtr& Connection,
+                              std::int32_t nPedido) const {
+  return ledger::PorSurtir(strArticulo, Connection, nPedido);
+}
+bool LumLibreria::VerificaInventarioFisico(std::string_view cUbicacion, std::int16_t nAlmacen,
+                                           const ConnectionPtr& Connection) const {
+  return ledger::VerificaInventarioFisico(cUbicacion, nAlmacen, Connection);
+}
+bool LumLibreria::VerificaFisico(const host::AmbientePtr& Ambiente) const { return ledger::VerificaFisico(Ambiente); }
+
+void LumLibreria::RegresaLotes(std::int32_t nSalida, const host::AmbientePtr& Ambiente) const {
+  ledger::RegresaLotes(nSalida, Ambiente);
+}
+void LumLibreria::SalvaHistCamb(std::string_view Articulo, double precio1, double precio2, double precio3,
+                                double precio4, double precio5, double precio6, double precio7, double precio8,
+                                double precio9, double precio10, const host::AmbientePtr& Ambiente) const {
+  ledger::SalvaHistCamb(Articulo,
+                        {precio1, precio2, precio3, precio4, precio5, precio6, precio7, precio8, precio9, precio10},
+                        Ambiente, clock_);
 }
 
 }  // namespace qvn

@@ -18,6 +18,7 @@
 #include <string_view>
 #include <vector>
 
+#include "qvn/base/clock.h"
 #include "qvn/base/variant.h"
 #include "qvn/data/connection.h"
 #include "qvn/host/ambiente.h"
@@ -36,7 +37,7 @@ class LumLibreria {
 
   /// With the message box of the terminal.
   LumLibreria();
-  explicit LumLibreria(std::shared_ptr<host::MessageBox> messages);
+  explicit LumLibreria(std::shared_ptr<host::MessageBox> messages, ClockPtr clock = systemClock());
 
   // Recordsets: qvn/core/recordsets.h and saved_recordset.h
 
@@ -60,6 +61,14 @@ class LumLibreria {
 
   std::string FechaSQL(const Variant& dFecha, const ConnectionPtr& Connection) const;
   ConnectionPtr AbreConnection(std::string_view cBase) const;
+
+  // Document numbers: qvn/core/consecutive.h
+
+  std::int32_t TraeSiguiente(std::string_view Campo, const ConnectionPtr& Connection, const Variant& nErrores,
+                             host::QueryPtr& Query) const;
+  std::int32_t TraeSiguienteConfig(std::string_view Campo, const std::shared_ptr<Object>& SQLite) const;
+  std::int32_t TraePosibleSiguiente(std::string_view Campo, const ConnectionPtr& Connection) const;
+  std::int32_t TraeSiguienteSeguro(std::string_view Campo, const ConnectionPtr& Connection) const;
 
   // Environment and network: qvn/core/environment.h and network_link.h
 
@@ -138,8 +147,50 @@ class LumLibreria {
   void ActualizaPorAplicar(const Variant& nAbono, const host::AmbientePtr& Ambiente) const;
   void AfectaSaldoDeCliente(std::string_view cCliente, double nCantidad, const ConnectionPtr& Connection) const;
 
+  // Supplier payables: qvn/ledger/payables.h
+
+  void ActualizaSaldoPagos(const Variant& nCuenxpag, const host::AmbientePtr& Ambiente) const;
+  void ActualizaCuenxpag(const Variant& nCuenxpag, const host::AmbientePtr& Ambiente) const;
+  void ActualizaPorAplicarEnPagos(const Variant& nAbono, const host::AmbientePtr& Ambiente) const;
+  void AfectaSaldoDeProveedor(std::string_view cProveedor, double nCantidad, const ConnectionPtr& Connection) const;
+
+  // Orders: qvn/ledger/orders.h
+
+  void ActualizaPorSurtirEnPedido(const Variant& cArticulo, std::int32_t nPartida, double nCantidad,
+                                  std::int32_t nPedido, const host::AmbientePtr& Ambiente, bool bolAfectaArticulos,
+                                  host::QueryPtr& Query) const;
+  void ActualizaPorSurtirEnPedido(const Variant& cArticulo, std::int32_t nPartida, double nCantidad,
+                                  std::int32_t nPedido, const host::AmbientePtr& Ambiente,
+                                  bool bolAfectaArticulos = true) const;
+  void ActualizaPorSurtirEnOrden(const Variant& cArticulo, std::int32_t nPartida, double nCantidad,
+                                 std::int32_t nPedido, const host::AmbientePtr& Ambiente,
+                                 bool bolAfectaArticulos = true) const;
+  void ActualizaPorSurtir(const host::AmbientePtr& Ambiente, std::string_view cArticulo, std::int32_t nPartida,
+                          double nCantidad, bool bolAfectaArticulos = true) const;
+  void ActualizaPorRecibir(const host::AmbientePtr& Ambiente, std::string_view cArticulo, std::int32_t nPartida,
+                           double nCantidad, bool bolAfectaArticulos = true) const;
+
+  // Stock: qvn/ledger/stock.h
+
+  void ActualizaApartadosPorVenta(const Variant& cArticulo, const Variant& nCantidad,
+                                  const host::AmbientePtr& Ambiente) const;
+  double EnVenta(std::string_view strArticulo, std::int32_t nVenta, const Variant& nAlmacen,
+                 const ConnectionPtr& Connection) const;
+  double PorSurtir(std::string_view strArticulo, const ConnectionPtr& Connection, std::int32_t nPedido = 0) const;
+  bool VerificaInventarioFisico(std::string_view cUbicacion, std::int16_t nAlmacen,
+                                const ConnectionPtr& Connection) const;
+  bool VerificaFisico(const host::AmbientePtr& Ambiente) const;
+
+  // Lots and price history: qvn/ledger/lots.h and price_history.h
+
+  void RegresaLotes(std::int32_t nSalida, const host::AmbientePtr& Ambiente) const;
+  void SalvaHistCamb(std::string_view Articulo, double precio1, double precio2 = 0, double precio3 = 0,
+                     double precio4 = 0, double precio5 = 0, double precio6 = 0, double precio7 = 0, double precio8 = 0,
+                     double precio9 = 0, double precio10 = 0, const host::AmbientePtr& Ambiente = nullptr) const;
+
  private:
   std::shared_ptr<host::MessageBox> messages_;
+  ClockPtr clock_;
 };
 
 }  // namespace qvn

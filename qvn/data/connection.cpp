@@ -38,6 +38,13 @@ std::string Connection::EngineVersion() {
   return keepingErrors([&] { return open.engineVersion(); });
 }
 
+std::string Connection::Literal(const Variant& value) const {
+  FieldType type = FieldType::VarWChar;
+  if (const auto* date = value.getIf<Date>()) type = date->hasTime() ? FieldType::DbTimeStamp : FieldType::Date;
+  if (value.type() == VariantType::Double) type = FieldType::Double;
+  return session().literal(value, type);
+}
+
 Session& Connection::session() const {
   if (!session_) {
     throw ProviderError(provider_number::kObjectClosed, "La conexión está cerrada; ábrala antes de usarla");

@@ -70,6 +70,10 @@ class Connection final : public Object, public std::enable_shared_from_this<Conn
   /// reports.
   [[nodiscard]] std::string EngineVersion();
 
+  /// `value` as the engine's literal, for statements that are put together: 'O''Higgins', 12.5, '2012-03-07', NULL. A
+  /// Boolean is 1 or 0. Throws ProviderError kObjectClosed, RuntimeError 13 for what no statement can hold.
+  [[nodiscard]] std::string Literal(const Variant& value) const;
+
   /// What the provider reported for the last operation that it refused.
   [[nodiscard]] const std::vector<ErrorItem>& Errors() const { return errors_; }
 

@@ -16,6 +16,10 @@ class Ambiente : public Object {
   /// The open connection to the business database; null when there is none.
   [[nodiscard]] virtual data::ConnectionPtr Conexion() const = 0;
 
+  /// The station's branch and the user who works at it.
+  [[nodiscard]] virtual Variant Sucursal() const = 0;
+  [[nodiscard]] virtual std::string Usuario() const = 0;
+
   /// Patterns of the numbers in the host's text boxes: A with decimals, B as typed, C for special boxes.
   [[nodiscard]] virtual std::string FormatoA() const = 0;
   [[nodiscard]] virtual std::string FormatoB() const = 0;
@@ -29,17 +33,23 @@ class SimpleAmbiente final : public Ambiente {
   explicit SimpleAmbiente(data::ConnectionPtr connection = nullptr) : connection_(std::move(connection)) {}
 
   [[nodiscard]] data::ConnectionPtr Conexion() const override { return connection_; }
+  [[nodiscard]] Variant Sucursal() const override { return branch_; }
+  [[nodiscard]] std::string Usuario() const override { return user_; }
   [[nodiscard]] std::string FormatoA() const override { return formatA_; }
   [[nodiscard]] std::string FormatoB() const override { return formatB_; }
   [[nodiscard]] std::string FormatoC() const override { return formatC_; }
 
   void setConexion(data::ConnectionPtr connection) { connection_ = std::move(connection); }
+  void setSucursal(Variant branch) { branch_ = std::move(branch); }
+  void setUsuario(std::string user) { user_ = std::move(user); }
   void setFormatoA(std::string pattern) { formatA_ = std::move(pattern); }
   void setFormatoB(std::string pattern) { formatB_ = std::move(pattern); }
   void setFormatoC(std::string pattern) { formatC_ = std::move(pattern); }
 
  private:
   data::ConnectionPtr connection_;
+  Variant branch_;
+  std::string user_;
   std::string formatA_ = "#,##0.00";
   std::string formatB_ = "#,##0.######";
   std::string formatC_ = "#,##0.000";

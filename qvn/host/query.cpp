@@ -24,4 +24,16 @@ void Query::Ejecuta() {
   }
 }
 
+void provideQuery(QueryPtr& query, const data::ConnectionPtr& connection) {
+  if (query) return;
+  auto created = std::make_shared<Query>();
+  created->Conexion(connection);
+  query = std::move(created);
+}
+
+void runStatement(Query& query, std::string statement) {
+  query.Agrega(std::move(statement));
+  query.Ejecuta();
+}
+
 }  // namespace qvn::host

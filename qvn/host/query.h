@@ -40,4 +40,10 @@ class Query : public Object {
 };
 using QueryPtr = std::shared_ptr<Query>;
 
+/// When `query` is null, creates one on `connection` and stores it there for the caller to keep.
+void provideQuery(QueryPtr& query, const data::ConnectionPtr& connection);
+
+/// Hands the runner one statement and runs it at once.
+void runStatement(Query& query, std::string statement);
+
 }  // namespace qvn::host

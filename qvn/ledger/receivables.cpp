@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "qvn/core/recordsets.h"
-#include "qvn/ledger/statement_runner.h"
+#include "qvn/ledger/stored_balance.h"
 #include "qvn/text/decimal_text.h"
 #include "qvn/text/padding.h"
 
@@ -32,7 +32,7 @@ double documentBalance(const std::string& document, const data::ConnectionPtr& c
 
 void writeDocument(host::Query& query, const std::string& document, double balance) {
   const char* state = balance == 0.0 ? ",estado = 'S' WHERE cobranza = " : ",estado = 'P' WHERE cobranza = ";
-  runStatement(query, "UPDATE cobranza SET saldo = " + text::FormatoDecimal(balance) + state + document);
+  host::runStatement(query, "UPDATE cobranza SET saldo = " + text::FormatoDecimal(balance) + state + document);
 }
 
 // In base currency, over every document of the customer.
@@ -46,7 +46,7 @@ double customerTotal(const std::string& customer, const data::ConnectionPtr& con
 
 void ActualizaSaldo(const Variant& nCobranza, const host::AmbientePtr& Ambiente, host::QueryPtr& Query) {
   const data::ConnectionPtr connection = host::requireConnection(Ambiente);
-  provideQuery(Query, connection);
+  host::provideQuery(Query, connection);
   const std::string document = concatenate(nCobranza, {});
   writeDocument(*Query, document, documentBalance(document, connection));
 
@@ -54,27 +54,24 @@ void ActualizaSaldo(const Variant& nCobranza, const host::AmbientePtr& Ambiente,
   if (rows->Eof()) return;
   const std::string customer = rows->Fields("Cliente").Value().toText();
   const double total = customerTotal(customer, connection);
-  runStatement(*Query,
-               "UPDATE clients SET saldo = " + text::FormatoDecimal(total) + " WHERE CLIENTE = '" + customer + "'");
+  host::runStatement(
+      *Query, "UPDATE clients SET saldo = " + text::FormatoDecimal(total) + " WHERE CLIENTE = '" + customer + "'");
 }
 
 void ActualizaPorAplicar(const Variant& nAbono, const host::AmbientePtr& Ambiente, host::QueryPtr& Query) {
   const data::ConnectionPtr connection = host::requireConnection(Ambiente);
-  provideQuery(Query, connection);
+  host::provideQuery(Query, connection);
   const std::string payment = concatenate(nAbono, {});
   const auto rows = core::CreaRecordSet("SELECT SUM(importe) FROM cobdet WHERE abono = " + payment, connection);
   if (!rows->Eof()) {
     const std::string applied = text::FormatoDecimal(text::Val2(rows->Fields(0).Value()));
-    runStatement(*Query, "UPDATE caja SET por_apli = importe - " + applied + " WHERE abono = " + payment);
+    host::runStatement(*Query, "UPDATE caja SET por_apli = importe - " + applied + " WHERE abono = " + payment);
   }
-  runStatement(*Query, "UPDATE caja SET aplicado = 1 WHERE por_apli = 0 AND abono = " + payment);
+  host::runStatement(*Query, "UPDATE caja SET aplicado = 1 WHERE por_apli = 0 AND abono = " + payment);
 }
 
 void AfectaSaldoDeCliente(std::string_view cCliente, double nCantidad, const data::ConnectionPtr& Connection) {
-  const auto rows =
-      core::CreaRecordSet("SELECT * FROM clients WHERE cliente = '" + std::string(cCliente) + "'", Connection);
-  data::Field& balance = rows->Fields("Saldo");
-  balance.setValue(balance.Value() + nCantidad);
+  addToStoredBalance("SELECT * FROM clients WHERE cliente = '" + std::string(cCliente) + "'", nCantidad, Connection);
 }
 
 }  // namespace qvn::ledger

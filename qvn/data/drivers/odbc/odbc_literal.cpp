@@ -45,6 +45,8 @@ std::string dateLiteral(EngineKind engine, Date date, FieldType type) {
   // An engine that stores any text in any column keeps a time in one declared as a date.
   if (engine == EngineKind::Sqlite && type == FieldType::Date && date.hasTime()) type = FieldType::DbTimeStamp;
   std::string text = isoText(date, type, engine == EngineKind::SqlServer ? 3 : 6);
+  // A date whose column is not known: without hyphens, since the session's language decides how a DATETIME reads them.
+  if (engine == EngineKind::SqlServer && type == FieldType::Date) std::erase(text, '-');
   // The form with "T" means the same whatever the session's language.
   if (const std::size_t blank = text.find(' '); engine == EngineKind::SqlServer && blank != std::string::npos) {
     text[blank] = 'T';

@@ -1,0 +1,165 @@
+#include "qvn/host/counter_draw.h"
+
+#include <algorithm>
+#include <chrono>
+#include <optional>
+#include <string>
+
+#include "qvn/base/runtime_error.h"
+#include "qvn/data/engine_family.h"
+
+namespace qvn::host {
+namespace {
+
+using data::EngineFamily;
+using std::chrono::steady_clock;
+
+constexpr std::int32_t kLastNumber = 2147483647;
+constexpr std::chrono::seconds kPatienceWithoutTimeout{60};
+
+// A counter, its engine, and its name as the engine's literal.
+struct Counter {
+  data::Connection& connection;
+  EngineFamily family;
+  std::string name;
+};
+
+bool isConflict(const data::ProviderError& error) {
+  return std::ranges::any_of(error.errors(), [](const data::ErrorItem& item) { return item.isLockConflict; });
+}
+
+// The increment yields the new number in the same statement, or keeps it for the session.
+std::string incrementText(const Counter& counter) {
+  const std::string start = "UPDATE consec SET consec = ";
+  const std::string which = " WHERE dato = " + counter.name + " AND consec < " + std::to_string(kLastNumber);
+  switch (counter.family) {
+    case EngineFamily::MySql:
+      return start + "LAST_INSERT_ID(consec + 1)" + which;
+    case EngineFamily::SqlServer:
+      return start + "consec + 1 OUTPUT INSERTED.consec" + which;
+    default:
+      return start + "consec + 1" + which + " RETURNING consec";
+  }
+}
+
+std::optional<std::int32_t> firstNumber(data::Recordset& rows) {
+  if (rows.State() == data::ObjectState::Closed || rows.Eof()) return std::nullopt;
+  const Variant& number = rows.Fields(0).Value();
+  // Firebird answers an UPDATE without rows with a row of NULL.
+  if (number.isNull()) return std::nullopt;
+  return number.toLong();
+}
+
+std::optional<std::int32_t> increment(const Counter& counter) {
+  std::int64_t affected = 0;
+  const auto rows = counter.connection.Execute(incrementText(counter), affected);
+  if (counter.family != EngineFamily::MySql) return firstNumber(*rows);
+  if (affected == 0) return std::nullopt;
+  return firstNumber(*counter.connection.Execute("SELECT LAST_INSERT_ID()"));
+}
+
+std::string insertText(const Counter& counter, std::int32_t number) {
+  const std::string start = "INSERT INTO consec (consec, dato) SELECT " + std::to_string(number) + ", " + counter.name;
+  const std::string test = " WHERE NOT EXISTS (SELECT dato FROM consec WHERE dato = " + counter.name + ")";
+  switch (counter.family) {
+    case EngineFamily::MySql:
+      return start + " FROM DUAL" + test;
+    case EngineFamily::Firebird:
+      return start + " FROM RDB$DATABASE" + test;
+    case EngineFamily::SqlServer:
+      return start +
+             " WHERE NOT EXISTS (SELECT dato FROM consec WITH (UPDLOCK, HOLDLOCK) WHERE dato = " + counter.name + ")";
+    default:
+      return start + test;
+  }
+}
+
+// Firebird does not see rows that another station has not committed yet: the whole table is reserved instead.
+class TableReservation {
+ public:
+  explicit TableReservation(const Counter& counter) : counter_(counter) {
+    if (isNeeded()) counter_.connection.Execute("SET TRANSACTION READ COMMITTED RESERVING consec FOR PROTECTED WRITE");
+  }
+  ~TableReservation() {
+    if (isDone_ || !isNeeded()) return;
+    try {
+      counter_.connection.Execute("ROLLBACK");
+    } catch (const data::ProviderError&) {
+      // The failure on the way here is the one to tell.
+    }
+  }
+  TableReservation(const TableReservation&) = delete;
+  TableReservation& operator=(const TableReservation&) = delete;
+  void commit() {
+    if (isNeeded()) counter_.connection.Execute("COMMIT");
+    isDone_ = true;
+  }
+
+ private:
+  [[nodiscard]] bool isNeeded() const { return counter_.family == EngineFamily::Firebird; }
+  const Counter& counter_;
+  bool isDone_ = false;
+};
+
+bool insertMissing(const Counter& counter, std::int32_t number) {
+  TableReservation reservation(counter);
+  std::int64_t affected = 0;
+  counter.connection.Execute(insertText(counter, number), affected);
+  reservation.commit();
+  return affected > 0;
+}
+
+// Why a counter that has a row did not move; nothing when it may have come into being meanwhile.
+void requireMovable(const Counter& counter) {
+  const auto rows = counter.connection.Execute("SELECT consec FROM consec WHERE dato = " + counter.name);
+  if (rows->Eof()) return;
+  if (rows->Fields(0).Value().toLong() == kLastNumber) throw RuntimeError(error_number::kOverflow);
+}
+
+Counter counterOf(data::Connection& connection, std::string_view name) {
+  Counter counter{connection, engineFamily(connection), connection.Literal(std::string(name))};
+  if (counter.family == EngineFamily::Other) {
+    throw data::ProviderError(data::provider_number::kNotSupported,
+                              "Este motor no ofrece una forma segura de tomar consecutivos entre estaciones");
+  }
+  return counter;
+}
+
+// Repeats `attempt` until it gives a value, also when another station stood in the way.
+template <typename Attempt>
+auto patiently(const data::Connection& connection, Attempt attempt) {
+  const std::chrono::seconds timeout = connection.CommandTimeout();
+  const auto deadline = steady_clock::now() + (timeout.count() == 0 ? kPatienceWithoutTimeout : timeout);
+  while (true) {
+    try {
+      if (const auto value = attempt()) return *value;
+    } catch (const data::ProviderError& error) {
+      if (!isConflict(error) || steady_clock::now() >= deadline) throw;
+    }
+  }
+}
+
+}  // namespace
+
+std::int32_t drawCounter(data::Connection& connection, std::string_view name) {
+  const Counter counter = counterOf(connection, name);
+  return patiently(connection, [&]() -> std::optional<std::int32_t> {
+    if (const auto number = increment(counter)) return number;
+    if (insertMissing(counter, 1)) return 1;
+    requireMovable(counter);
+    return std::nullopt;
+  });
+}
+
+void raiseCounter(data::Connection& connection, std::string_view name, std::int32_t number) {
+  const Counter counter = counterOf(connection, name);
+  const std::string limit = std::to_string(number);
+  patiently(connection, [&]() -> std::optional<bool> {
+    if (insertMissing(counter, number)) return true;
+    connection.Execute("UPDATE consec SET consec = " + limit + " WHERE dato = " + counter.name + " AND consec < " +
+                       limit);
+    return true;
+  });
+}
+
+}  // namespace qvn::host

@@ -1,0 +1,27 @@
+// Numbers of the counters in the table consec, drawn so that no two stations ever get the same one.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "qvn/data/connection.h"
+
+namespace qvn::host {
+
+/// Draws the next number of a counter in one atomic statement; a counter without a row starts with 1. Nothing stays
+/// locked. A station that meets another one tries again for as long as a statement may take
+/// (Connection::CommandTimeout).
+///
+/// Not for use inside a transaction of the caller's own: to the end of it all other stations would wait, and an engine
+/// that breaks a deadlock takes the transaction back.
+///
+/// @param counter  its name; may hold any characters
+/// @throws RuntimeError   6 when the counter has reached 2,147,483,647, 94 when it is Null; the row stays as it is
+/// @throws ProviderError  kNotSupported on an engine whose rows this cannot guard, or what the engine reports
+std::int32_t drawCounter(data::Connection& connection, std::string_view counter);
+
+/// Makes sure that drawCounter gives a number above `number`: for rows that were numbered in another way. Throws as
+/// drawCounter does.
+void raiseCounter(data::Connection& connection, std::string_view counter, std::int32_t number);
+
+}  // namespace qvn::host
