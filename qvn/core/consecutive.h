@@ -41,9 +41,9 @@ std::int32_t TraeSiguienteConfig(std::string_view Campo, const std::shared_ptr<O
 /// The number that the next draw would give; changes nothing. Throws as TraeSiguiente does.
 std::int32_t TraePosibleSiguiente(std::string_view Campo, const data::ConnectionPtr& Connection);
 
-/// Draws the next number so that no two stations ever get the same one, in one atomic statement and without a lock that
-/// outlives the call: for hosts that cannot accept the race of TraeSiguiente. Both may be used on one counter; only
-/// numbers drawn here are safe from each other. Errors are those of host::drawCounter.
+/// Draws the next number so that no two stations ever get the same one, in one atomic statement or short transaction
+/// and without a lock that outlives the call: for hosts that cannot accept the race of TraeSiguiente. Both may be used
+/// on one counter; only numbers drawn here are safe from each other. Errors are those of host::drawCounter.
 std::int32_t TraeSiguienteSeguro(std::string_view Campo, const data::ConnectionPtr& Connection);
 
 }  // namespace qvn::core

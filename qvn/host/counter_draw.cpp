@@ -37,10 +37,40 @@ std::string incrementText(const Counter& counter) {
       return start + "LAST_INSERT_ID(consec + 1)" + which;
     case EngineFamily::SqlServer:
       return start + "consec + 1 OUTPUT INSERTED.consec" + which;
-    default:
+    case EngineFamily::Firebird:
       return start + "consec + 1" + which + " RETURNING consec";
+    default:
+      return start + "consec + 1" + which;
   }
 }
+
+// Taken back unless it is committed.
+class Transaction {
+ public:
+  Transaction(data::Connection& connection, std::string_view opening) : connection_(connection) {
+    connection_.Execute(opening);
+  }
+  ~Transaction() {
+    if (isDone_) return;
+    try {
+      connection_.Execute("ROLLBACK");
+    } catch (const data::ProviderError&) {
+      // The failure on the way here is the one to tell.
+    }
+  }
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  void commit() {
+    connection_.Execute("COMMIT");
+    isDone_ = true;
+  }
+
+ private:
+  data::Connection& connection_;
+  bool isDone_ = false;
+};
+
+std::string selectText(const Counter& counter) { return "SELECT consec FROM consec WHERE dato = " + counter.name; }
 
 std::optional<std::int32_t> firstNumber(data::Recordset& rows) {
   if (rows.State() == data::ObjectState::Closed || rows.Eof()) return std::nullopt;
@@ -50,7 +80,19 @@ std::optional<std::int32_t> firstNumber(data::Recordset& rows) {
   return number.toLong();
 }
 
+// Through ODBC the engine's RETURNING yields nothing, so that the number is read in a transaction instead.
+std::optional<std::int32_t> incrementOnSqlite(const Counter& counter) {
+  Transaction transaction(counter.connection, "BEGIN IMMEDIATE");
+  std::int64_t affected = 0;
+  counter.connection.Execute(incrementText(counter), affected);
+  if (affected == 0) return std::nullopt;
+  const auto number = firstNumber(*counter.connection.Execute(selectText(counter)));
+  transaction.commit();
+  return number;
+}
+
 std::optional<std::int32_t> increment(const Counter& counter) {
+  if (counter.family == EngineFamily::Sqlite) return incrementOnSqlite(counter);
   std::int64_t affected = 0;
   const auto rows = counter.connection.Execute(incrementText(counter), affected);
   if (counter.family != EngineFamily::MySql) return firstNumber(*rows);
@@ -74,44 +116,21 @@ std::string insertText(const Counter& counter, std::int32_t number) {
   }
 }
 
-// Firebird does not see rows that another station has not committed yet: the whole table is reserved instead.
-class TableReservation {
- public:
-  explicit TableReservation(const Counter& counter) : counter_(counter) {
-    if (isNeeded()) counter_.connection.Execute("SET TRANSACTION READ COMMITTED RESERVING consec FOR PROTECTED WRITE");
-  }
-  ~TableReservation() {
-    if (isDone_ || !isNeeded()) return;
-    try {
-      counter_.connection.Execute("ROLLBACK");
-    } catch (const data::ProviderError&) {
-      // The failure on the way here is the one to tell.
-    }
-  }
-  TableReservation(const TableReservation&) = delete;
-  TableReservation& operator=(const TableReservation&) = delete;
-  void commit() {
-    if (isNeeded()) counter_.connection.Execute("COMMIT");
-    isDone_ = true;
-  }
-
- private:
-  [[nodiscard]] bool isNeeded() const { return counter_.family == EngineFamily::Firebird; }
-  const Counter& counter_;
-  bool isDone_ = false;
-};
-
 bool insertMissing(const Counter& counter, std::int32_t number) {
-  TableReservation reservation(counter);
+  std::optional<Transaction> reservation;
+  if (counter.family == EngineFamily::Firebird) {
+    // The engine does not see rows that another station has not committed yet: the whole table is reserved.
+    reservation.emplace(counter.connection, "SET TRANSACTION READ COMMITTED RESERVING consec FOR PROTECTED WRITE");
+  }
   std::int64_t affected = 0;
   counter.connection.Execute(insertText(counter, number), affected);
-  reservation.commit();
+  if (reservation) reservation->commit();
   return affected > 0;
 }
 
 // Why a counter that has a row did not move; nothing when it may have come into being meanwhile.
 void requireMovable(const Counter& counter) {
-  const auto rows = counter.connection.Execute("SELECT consec FROM consec WHERE dato = " + counter.name);
+  const auto rows = counter.connection.Execute(selectText(counter));
   if (rows->Eof()) return;
   if (rows->Fields(0).Value().toLong() == kLastNumber) throw RuntimeError(error_number::kOverflow);
 }
@@ -131,10 +150,15 @@ auto patiently(const data::Connection& connection, Attempt attempt) {
   const std::chrono::seconds timeout = connection.CommandTimeout();
   const auto deadline = steady_clock::now() + (timeout.count() == 0 ? kPatienceWithoutTimeout : timeout);
   while (true) {
+    const bool isLate = steady_clock::now() >= deadline;
     try {
       if (const auto value = attempt()) return *value;
     } catch (const data::ProviderError& error) {
-      if (!isConflict(error) || steady_clock::now() >= deadline) throw;
+      if (!isConflict(error) || isLate) throw;
+    }
+    if (isLate) {
+      throw data::ProviderError(data::provider_number::kTimeout,
+                                "Otras estaciones tomaron consecutivos todo el tiempo; vuelva a intentarlo");
     }
   }
 }

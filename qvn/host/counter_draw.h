@@ -8,8 +8,8 @@
 
 namespace qvn::host {
 
-/// Draws the next number of a counter in one atomic statement; a counter without a row starts with 1. Nothing stays
-/// locked. A station that meets another one tries again for as long as a statement may take
+/// Draws the next number of a counter in one atomic statement or short transaction; a counter without a row starts
+/// with 1. Nothing stays locked. A station that meets another one tries again for as long as a statement may take
 /// (Connection::CommandTimeout).
 ///
 /// Not for use inside a transaction of the caller's own: to the end of it all other stations would wait, and an engine

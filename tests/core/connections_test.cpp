@@ -3,12 +3,10 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 
 #include "qvn/core/access_database.h"
 #include "qvn/core/date_literal.h"
 #include "qvn/core/recordsets.h"
-#include "qvn/core/saved_recordset.h"
 #include "qvn/data/drivers/built_in.h"
 #include "tests/support/alias_driver.h"
 #include "tests/support/error_of.h"
@@ -128,16 +126,6 @@ TEST(AbreConnection, ChecksThePasswordOfTheFile) {
     }
     std::filesystem::remove(file);
   }
-}
-
-TEST(LoadRsFromXML, NothingForMissingAndUnreadableFiles) {
-  const auto path = std::filesystem::temp_directory_path() / "qvn_saved_recordset_test.xml";
-  std::ofstream(path) << "<no es un conjunto de registros>";
-  for (const std::string& name :
-       {std::string(), std::string("/no/existe.xml"), path.string(), std::string("a\0b", 3)}) {
-    EXPECT_EQ(LoadRsFromXML(name), nullptr) << name;
-  }
-  std::filesystem::remove(path);
 }
 
 }  // namespace

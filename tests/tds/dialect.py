@@ -12,6 +12,7 @@ _IDENTITY = re.compile(
 _MAX = re.compile(r"\(\s*MAX\s*\)", re.I)
 _HINT = re.compile(r"\bWITH\s*\(\s*((?:[A-Z]+LOCKX?|NOWAIT)\b[^)]*)\)", re.I)
 _TOP = re.compile(r"^(SELECT(?:\s+DISTINCT)?)\s+TOP\s*\(?\s*(\d+)\s*\)?", re.I)
+_OUTPUT = re.compile(r"\s+OUTPUT\s+INSERTED\s*\.\s*(\w+)", re.I)
 _OWNER = re.compile(r"\bdbo\s*\.\s*|\[dbo\]\s*\.\s*", re.I)
 
 
@@ -53,6 +54,8 @@ def _rewrite(tokens):
     text = _OWNER.sub("", _HINT.sub("", text))
     if text[:6].upper() in ("CREATE", "ALTER "):
         text = _MAX.sub("(-1)", _IDENTITY.sub("INTEGER PRIMARY KEY AUTOINCREMENT", text))
+    if output := _OUTPUT.search(text):
+        text = f"{text[:output.start()]}{text[output.end():]} RETURNING {output[1]}"
     if top := _TOP.match(text):
         text = f"{top[1]} {text[top.end():]} LIMIT {top[2]}"
     return re.sub("\x00(\\d+)\x00", lambda found: texts[int(found[1])], text)

@@ -128,12 +128,12 @@ class Engine:
         if statement.keyword not in ("SELECT", "WITH"):
             return []
         try:
-            self.database.execute("CREATE TEMP VIEW qvn_shape AS " + statement.shape)
-            return [row[2] for row in self.database.execute("PRAGMA table_info(qvn_shape)").fetchall()]
-        except sqlite3.Error:
-            return []  # the statement itself will say what is wrong with it
-        finally:
-            self.database.execute("DROP VIEW IF EXISTS qvn_shape")
+            self._run("CREATE TEMP VIEW qvn_shape AS " + statement.shape, {})
+            types = [row[2] for row in self._run("PRAGMA table_info(qvn_shape)", {}).fetchall()]
+        except (Refused, sqlite3.Error):
+            types = []  # the statement itself will say what is wrong with it
+        self._run("DROP VIEW IF EXISTS qvn_shape", {})
+        return types
 
     def _note_identity(self, statement, cursor):
         table = re.match(r"INSERT\s+(?:INTO\s+)?[\[\"]?(\w+)", statement.text, re.I)

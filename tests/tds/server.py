@@ -7,6 +7,7 @@ database is a file in FOLDER; qvn_test is there from the start. Without encrypti
 """
 
 import argparse
+import contextlib
 import itertools
 import os
 import queue
@@ -76,6 +77,8 @@ class Session:
             del self.open_sessions[self.spid]
             if self.engine:
                 self.engine.close()
+            with contextlib.suppress(OSError):
+                self.link.cut(False)  # wakes the reading thread, or the socket would stay open behind the client's back
             self.link.connection.close()
 
     def _read(self):
