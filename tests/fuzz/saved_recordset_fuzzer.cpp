@@ -10,6 +10,7 @@
 
 #include "qvn/data/driver_registry.h"
 #include "qvn/data/drivers/persist/persist_driver.h"
+#include "qvn/data/provider_error.h"
 #include "qvn/data/recordset.h"
 
 namespace {

@@ -1,6 +1,7 @@
 #include <string>
 #include <unordered_set>
 
+#include "qvn/base/letter_case.h"
 #include "qvn/base/runtime_error.h"
 #include "qvn/base/utf8.h"
 #include "qvn/data/drivers/persist/handles.h"
@@ -16,14 +17,16 @@ namespace {
 
 const xmlChar* chars(const char* text) { return reinterpret_cast<const xmlChar*>(text); }
 
+// The library would print a failure where the host's own messages go; the file keeps it.
 int feedFile(void* file, const char* text, int size) {
-  return static_cast<NewFile*>(file)->write({text, static_cast<std::size_t>(size)}) ? size : -1;
+  static_cast<NewFile*>(file)->write({text, static_cast<std::size_t>(size)});
+  return size;
 }
 
 // The file as elements.
 class Document {
  public:
-  explicit Document(NewFile& file) {
+  explicit Document(NewFile& file) : file_(file) {
     xmlOutputBuffer* output = xmlOutputBufferCreateIO(&feedFile, nullptr, &file, nullptr);
     if (output == nullptr) throw RuntimeError(error_number::kOutOfStringSpace);
     writer_.reset(xmlNewTextWriter(output));
@@ -53,15 +56,19 @@ class Document {
   }
 
  private:
-  static void check(int outcome) {
-    if (outcome < 0) throw RuntimeError(error_number::kDiskFull);
+  void check(int outcome) const {
+    file_.requireWritten();
+    if (outcome < 0) throw RuntimeError(error_number::kOutOfStringSpace);
   }
+
+  const NewFile& file_;
   WriterHandle writer_;
 };
 
 bool isPlainName(std::string_view name) {
   const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; };
   if (name.empty() || !isLetter(name.front())) return false;
+  if (equalIgnoringCase(name.substr(0, 3), "xml")) return false;  // XML keeps these for itself
   return name.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_") ==
          std::string_view::npos;
 }
@@ -84,6 +91,16 @@ std::vector<std::string> attributeNames(const std::vector<Column>& columns) {
   return names;
 }
 
+std::string nameText(const std::string& name) {
+  try {
+    return formatValue(Variant(name), FieldType::VarWChar);
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(error.number(), "El nombre «" + utf8::sanitize(name) +
+                                           "» tiene un carácter que el archivo no admite; dé otro nombre a la columna "
+                                           "en la consulta (AS)");
+  }
+}
+
 void writeType(Document& document, const Column& column) {
   const SavedType& type = savedType(column.type);
   document.start("s:datatype");
@@ -101,11 +118,11 @@ void writeColumn(Document& document, const Column& column, const ColumnOrigin& o
                  std::size_t position) {
   document.start("s:AttributeType");
   document.attribute("name", attribute);
-  if (attribute != column.name) document.attribute("rs:name", formatValue(Variant(column.name), FieldType::VarWChar));
+  if (attribute != column.name) document.attribute("rs:name", nameText(column.name));
   document.attribute("rs:number", std::to_string(position));
   document.mark("rs:nullable", true);
-  document.textIfAny("rs:basetable", origin.table);
-  document.textIfAny("rs:basecolumn", origin.column);
+  document.textIfAny("rs:basetable", nameText(origin.table));
+  document.textIfAny("rs:basecolumn", nameText(origin.column));
   document.mark("rs:keycolumn", origin.isKey);
   document.mark("rs:autoincrement", origin.isAutoNumber);
   writeType(document, column);

@@ -2,11 +2,23 @@
 
 #include <algorithm>
 
+#include "qvn/base/letter_case.h"
 #include "qvn/base/utf8.h"
 #include "qvn/data/drivers/persist/xml_names.h"
 
 namespace qvn::data::persist {
 namespace {
+
+// What a text may begin with to tell its encoding. The library takes it for text when it is told the encoding.
+struct Mark {
+  std::string_view bytes;
+  const char* encoding;
+};
+constexpr auto kMarks = std::to_array<Mark>({
+    {"\xEF\xBB\xBF", "UTF-8"},
+    {"\xFF\xFE", "UTF-16LE"},
+    {"\xFE\xFF", "UTF-16BE"},
+});
 
 constexpr std::string_view kDocumentType = "<!DOCTYPE";
 constexpr std::string_view kNamespaceUri = "http://www.w3.org/2000/xmlns/";
@@ -15,18 +27,19 @@ std::string_view orEmpty(const xmlChar* text) {
   return text == nullptr ? std::string_view() : reinterpret_cast<const char*>(text);
 }
 
-// The encoding is fixed here and not left to the file: among those that the library knows are some that would hide a
-// document type from declaresType.
-const char* encodingOf(std::ifstream& stream) {
+// Gives the encoding and leaves the stream at the text. It is fixed here and not left to the file: among those that the
+// library knows are some that would hide a document type from declaresType.
+const char* startReading(std::ifstream& stream) {
   std::array<char, 100> start{};
   stream.read(start.data(), start.size());
   const std::string_view read(start.data(), static_cast<std::size_t>(stream.gcount()));
-  stream.clear();
-  stream.seekg(0);
-  if (read.starts_with("\xFF\xFE") || read.starts_with("\xFE\xFF")) return "UTF-16";
-  const std::string_view declaration = read.substr(0, read.find('>'));
-  for (const char* known : {"windows-1252", "iso-8859-1", "ISO-8859-1"}) {
-    if (declaration.find(known) != std::string_view::npos) return known;
+  stream.clear();  // of the end of a short file
+  const auto* mark = std::ranges::find_if(kMarks, [&](const Mark& row) { return read.starts_with(row.bytes); });
+  stream.seekg(mark == kMarks.end() ? 0 : static_cast<std::streamoff>(mark->bytes.size()));
+  if (mark != kMarks.end()) return mark->encoding;
+  const std::string declaration = lowerCase(read.substr(0, read.find('>')));
+  for (const char* known : {"windows-1252", "iso-8859-1"}) {
+    if (declaration.find(known) != std::string::npos) return known;
   }
   return "UTF-8";
 }
@@ -35,7 +48,7 @@ const char* encodingOf(std::ifstream& stream) {
 
 SavedFile::SavedFile(const std::filesystem::path& path) : path_(path.string()), stream_(path, std::ios::binary) {
   if (!stream_) throw error("no se pudo abrir; revise la ruta y los permisos");
-  const char* encoding = encodingOf(stream_);
+  const char* encoding = startReading(stream_);
   const ParserHandle parser(xmlNewParserCtxt());
   constexpr int kOptions =
       XML_PARSE_NONET | XML_PARSE_HUGE | XML_PARSE_BIG_LINES | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;

@@ -14,6 +14,7 @@ struct Draft {
   SavedColumn saved;
   std::string dataType = "string";
   std::string dbType;
+  bool isNamed = false;  // apart from its attribute; that name may be empty
   bool isFixed = false;
   bool isLong = false;
 };
@@ -42,7 +43,10 @@ void readTypeAttribute(const SavedFile& file, Draft& draft) {
 void readColumnAttribute(const SavedFile& file, Draft& draft) {
   SavedColumn& saved = draft.saved;
   if (file.is("", "name")) saved.attribute = file.value();
-  if (file.is(kRowsetUri, "name")) saved.column.name = file.value();
+  if (file.is(kRowsetUri, "name")) {
+    saved.column.name = file.value();
+    draft.isNamed = true;
+  }
   if (file.is(kRowsetUri, "number")) readNumber(file, saved.number);
   if (file.is(kRowsetUri, "basetable")) saved.origin.table = file.value();
   if (file.is(kRowsetUri, "basecolumn")) saved.origin.column = file.value();
@@ -54,7 +58,7 @@ void readColumnAttribute(const SavedFile& file, Draft& draft) {
 SavedColumn complete(const SavedFile& file, Draft draft) {
   SavedColumn saved = std::move(draft.saved);
   if (saved.attribute.empty()) throw file.error("una columna no tiene nombre");
-  if (saved.column.name.empty()) saved.column.name = saved.attribute;
+  if (!draft.isNamed) saved.column.name = saved.attribute;
   const Length length = draft.isLong ? Length::Long : draft.isFixed ? Length::Fixed : Length::Variable;
   const FieldType* type = fieldType({draft.dataType, draft.dbType, length});
   if (type == nullptr) throw file.error("el tipo de columna «" + draft.dataType + "» no se conoce");

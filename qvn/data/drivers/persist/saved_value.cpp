@@ -36,8 +36,9 @@ bool readWhole(std::string_view text, Variant& value) {
 template <typename Number>
 bool readReal(std::string_view text, Variant& value) {
   const auto number = parseWhole<Number>(text);
-  if (number) value = Variant(*number);
-  return number.has_value();
+  if (!number || !std::isfinite(*number)) return false;
+  value = Variant(*number);
+  return true;
 }
 
 bool readDecimal(std::string_view text, Variant& value) {
@@ -118,6 +119,16 @@ std::string dateText(Date date, FieldType type) {
   return text;
 }
 
+// The same on every station, whatever its regional settings.
+std::string plainText(const Variant& value) {
+  if (const auto* number = value.getIf<double>()) return shortestNumber(*number);
+  if (const auto* number = value.getIf<float>()) return shortestNumber(*number);
+  if (const auto* number = value.getIf<Decimal>()) return number->toText();
+  if (const auto* amount = value.getIf<Currency>()) return amount->toText();
+  if (const auto* date = value.getIf<Date>()) return dateText(*date, FieldType::DbTimeStamp);
+  return value.toText();
+}
+
 std::string convert(const Variant& value, FieldType type) {
   switch (type) {
     case FieldType::SmallInt:
@@ -147,7 +158,7 @@ std::string convert(const Variant& value, FieldType type) {
     case FieldType::Binary:
     case FieldType::VarBinary:
     case FieldType::LongVarBinary:
-      return hexText(value.toText());
+      return hexText(plainText(value));
     case FieldType::Char:
     case FieldType::WChar:
     case FieldType::VarChar:
@@ -156,7 +167,13 @@ std::string convert(const Variant& value, FieldType type) {
     case FieldType::LongVarWChar:
       break;
   }
-  return value.toText();
+  return plainText(value);
+}
+
+// Days on one line; those of a date value run backwards within each day before day zero.
+double moment(Date date) {
+  const double day = std::trunc(date.serial());
+  return day + std::abs(date.serial() - day);
 }
 
 // True when reading the text gives the same value again; dates to the microsecond.
@@ -165,7 +182,7 @@ bool readsBack(const std::string& text, FieldType type, const Variant& value) {
   Variant again = Null{};
   if (!parseValue(text, type, again)) return false;
   if (const Date* date = again.getIf<Date>()) {
-    return std::abs(date->serial() - value.toDate().serial()) < kTwoMicroseconds;
+    return std::abs(moment(*date) - moment(value.toDate())) < kTwoMicroseconds;
   }
   return equals(again, value);
 }
@@ -222,8 +239,14 @@ bool parseValue(std::string_view text, FieldType type, Variant& value) {
 }
 
 std::string formatValue(const Variant& value, FieldType type) {
-  std::string text = convert(value, type);
-  const bool isHeld = isText(type) ? isWritable(text) : isBinary(type) || readsBack(text, type, value);
+  std::string text;
+  bool isHeld = false;
+  try {
+    text = convert(value, type);
+    isHeld = isText(type) ? isWritable(text) : isBinary(type) || readsBack(text, type, value);
+  } catch (const RuntimeError&) {
+    // Whether the conversion calls it an overflow or no number, this type does not hold it.
+  }
   if (!isHeld) throw RuntimeError(error_number::kTypeMismatch);
   return text;
 }

@@ -13,8 +13,9 @@ namespace qvn::data::persist {
 /// type cannot hold it.
 bool parseValue(std::string_view text, FieldType type, Variant& value);
 
-/// `value`, which is not Null, as the text that parseValue reads back; dates to the microsecond.
-/// Throws RuntimeError 13 when the type or the file's form cannot hold it: nothing is rounded or left out.
+/// `value`, which is not Null, as the text that parseValue reads back; dates to the microsecond. What stands in a
+/// column of text or bytes without being text is written as text, the same whatever the regional settings. Throws
+/// RuntimeError 13 when the type or the file's form cannot hold it: nothing is rounded or left out.
 std::string formatValue(const Variant& value, FieldType type);
 
 }  // namespace qvn::data::persist

@@ -1,15 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-
 #include "qvn/data/connection.h"
 #include "qvn/data/driver_registry.h"
 #include "qvn/data/drivers/persist/persist_driver.h"
 #include "qvn/data/drivers/persist/saved_value.h"
 #include "qvn/data/drivers/sqlite/sqlite_driver.h"
 #include "qvn/data/provider_error.h"
+#include "tests/support/scratch_folder.h"
 
 namespace qvn::data {
 namespace {
@@ -32,24 +29,12 @@ class SavedRecordset : public ::testing::Test {
     registerDriver(persistDriver());
     registerDriver(sqliteDriver());
     setRecordsetStore(persistStore());
-    std::string name = (std::filesystem::temp_directory_path() / "qvn_saved.XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    folder_ = name;
     connection_ = Connection::create();
     connection_->Open("Provider=SQLite;Data Source=:memory:");
   }
-  void TearDown() override {
-    setRecordsetStore(nullptr);
-    std::filesystem::remove_all(folder_);
-  }
+  void TearDown() override { setRecordsetStore(nullptr); }
 
-  [[nodiscard]] std::string path(const char* name = "r.xml") const { return (folder_ / name).string(); }
-  [[nodiscard]] std::ptrdiff_t fileCount() const {
-    return std::distance(std::filesystem::directory_iterator(folder_), std::filesystem::directory_iterator());
-  }
-  void put(std::string_view text) const {
-    std::ofstream(path(), std::ios::binary).write(text.data(), static_cast<std::streamsize>(text.size()));
-  }
+  [[nodiscard]] std::string path(const char* name = "r.xml") const { return folder_.path(name); }
   RecordsetPtr query(std::string_view sql, CursorLocation location = CursorLocation::Client) const {
     auto rows = std::make_shared<Recordset>();
     rows->setCursorLocation(location);
@@ -63,12 +48,12 @@ class SavedRecordset : public ::testing::Test {
     return rows;
   }
 
-  std::filesystem::path folder_;
+  test::ScratchFolder folder_;
   ConnectionPtr connection_;
 };
 
 TEST_F(SavedRecordset, ReadsForeignFilesWithTheirPendingChanges) {
-  put(kForeign);
+  folder_.put(kForeign);
   const RecordsetPtr rows = load();
   ASSERT_EQ(rows->RecordCount(), 3);
   EXPECT_EQ(rows->Fields(0).Name(), "id");
@@ -86,7 +71,7 @@ TEST_F(SavedRecordset, ReadsForeignFilesWithTheirPendingChanges) {
 TEST_F(SavedRecordset, RefusesAFileCutAnywhere) {
   for (std::size_t size = 0; size < kForeign.size(); ++size) {
     SCOPED_TRACE(size);
-    put(kForeign.substr(0, size));
+    folder_.put(kForeign.substr(0, size));
     EXPECT_THROW(load(), ProviderError);
   }
 }
@@ -110,7 +95,7 @@ TEST_F(SavedRecordset, RefusesWhatIsNoSavedRecordset) {
   };
   for (const std::string& text : texts) {
     SCOPED_TRACE(text.substr(0, 40));
-    put(text);
+    folder_.put(text);
     try {
       load();
       ADD_FAILURE() << "fue aceptado";
@@ -132,7 +117,7 @@ TEST_F(SavedRecordset, ComesBackAsItWasSaved) {
   saved->MoveNext();
   saved->Save(path());
   EXPECT_EQ(saved->AbsolutePosition(), 2);
-  EXPECT_EQ(fileCount(), 1);
+  EXPECT_EQ(folder_.fileCount(), 1);
   saved->MoveFirst();
   const RecordsetPtr again = load();
   ASSERT_EQ(again->RecordCount(), 2);
@@ -167,7 +152,7 @@ TEST_F(SavedRecordset, HoldsTenMegabytesInAField) {
 }
 
 TEST_F(SavedRecordset, RefusesToSave) {
-  put("otro");
+  folder_.put("otro");
   struct Row {
     const char* why;
     const char* sql;
@@ -188,7 +173,7 @@ TEST_F(SavedRecordset, RefusesToSave) {
     } catch (const RuntimeError& error) {
       EXPECT_EQ(error.number(), row.number) << error.description();
     }
-    EXPECT_EQ(fileCount(), 1);
+    EXPECT_EQ(folder_.fileCount(), 1);
   }
   setRecordsetStore(nullptr);
   EXPECT_THROW(query("SELECT 1")->Save(path("n.xml")), ProviderError);
