@@ -159,11 +159,13 @@ class SqliteDriver final : public Driver {
     const std::string doing = "No se pudo abrir la base de datos «" + path + "»";
     if (code != SQLITE_OK) throw sqlite::lastError(database.get(), doing);
     sqlite3_extended_result_codes(database.get(), 1);
-    // The file is first read here, so that what is no database is refused now and not at the first statement.
-    if (sqlite3_exec(database.get(), "PRAGMA schema_version", nullptr, nullptr, nullptr) != SQLITE_OK) {
-      throw sqlite::lastError(database.get(), doing);
+    auto session = std::make_unique<SqliteSession>(std::move(database), request.commandTimeout);
+    // The file is first read here, so that what is no database is refused now and not at the first statement; another
+    // station that writes is waited for.
+    if (sqlite3_exec(opened, "PRAGMA schema_version", nullptr, nullptr, nullptr) != SQLITE_OK) {
+      throw sqlite::lastError(opened, doing);
     }
-    return std::make_unique<SqliteSession>(std::move(database), request.commandTimeout);
+    return session;
   }
 };
 
