@@ -10,7 +10,14 @@ namespace qvn::cli {
 
 extern const Command kDemoCommand;
 extern const Command kSaldoCommand;
+extern const Command kSaldoProveedorCommand;
 extern const Command kPorAplicarCommand;
+extern const Command kRecalculaCommand;
+extern const Command kSurtirCommand;
+extern const Command kRecibirCommand;
+extern const Command kLotesCommand;
+extern const Command kPreciosCommand;
+extern const Command kConsecutivoCommand;
 extern const Command kSqlCommand;
 extern const Command kConexionCommand;
 extern const Command kFormatoCommand;

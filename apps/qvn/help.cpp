@@ -23,7 +23,7 @@ Estado de salida:
 )";
 
 // Columns of the left side of a list of two columns.
-constexpr std::size_t kCommandColumns = 14;
+constexpr std::size_t kCommandColumns = 17;
 constexpr std::size_t kOptionColumns = 25;
 
 // "  left     right", the further lines of `right` below its first one.

@@ -32,6 +32,8 @@ class Output {
 
   Output& operator<<(std::string_view text);
   void flush();
+  /// True when a person sees what is written, and not a file or a program.
+  [[nodiscard]] bool isTerminal() const;
 
  private:
   void writeAll(std::string_view bytes);

@@ -35,6 +35,8 @@ void Output::flush() {
   writeAll(pending);
 }
 
+bool Output::isTerminal() const { return ::isatty(descriptor_) == 1; }
+
 void Output::writeAll(std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "qvn/core/recordsets.h"
+#include "qvn/ledger/document_balance.h"
 #include "qvn/ledger/stored_balance.h"
 #include "qvn/text/decimal_text.h"
 #include "qvn/text/padding.h"
@@ -43,18 +44,18 @@ constexpr Texts kActualizaCuenxpag = {
 
 double amountOf(const Variant& sum) { return text::Val2(text::cNull(sum)); }
 
-double sumMovements(data::Connection& connection, const std::string& sql, std::string_view field) {
-  return amountOf(connection.Execute(sql)->Fields(field).Value());
+Variant sumMovements(data::Connection& connection, const std::string& sql, std::string_view field) {
+  return connection.Execute(sql)->Fields(field).Value();
 }
 
 void recompute(const Texts& texts, const Variant& number, const host::AmbientePtr& ambiente) {
   const data::ConnectionPtr connection = host::requireConnection(ambiente);
   const std::string document = concatenate(number, {});
-  const double charges = sumMovements(*connection, texts.charges + document, "Cargos");
-  const double credits = sumMovements(*connection, texts.credits + document, "Abonos");
-  const double balance = charges - credits;
-  connection->Execute("UPDATE cuenxpag SET saldo = " + text::FormatoDecimal(balance) +
-                      (balance == 0.0 ? texts.settled : texts.pending) + document);
+  const Variant charges = sumMovements(*connection, texts.charges + document, "Cargos");
+  const Variant credits = sumMovements(*connection, texts.credits + document, "Abonos");
+  const DocumentBalance balance = documentBalance(charges, credits, SumRounding::None);
+  connection->Execute("UPDATE cuenxpag SET saldo = " + text::FormatoDecimal(balance.amount) +
+                      (balance.isSettled() ? texts.settled : texts.pending) + document);
 
   const auto rows = connection->Execute(texts.document + document);
   if (rows->Eof()) return;

@@ -1,38 +1,31 @@
 #include "qvn/ledger/receivables.h"
 
-#include <cmath>
-
 #include "qvn/core/recordsets.h"
+#include "qvn/ledger/document_balance.h"
 #include "qvn/ledger/stored_balance.h"
 #include "qvn/text/decimal_text.h"
-#include "qvn/text/padding.h"
 
 namespace qvn::ledger {
 namespace {
 
-// Half to even on the value times 100. Both sums of a document come out of the same rounding, which is what makes the
-// exact comparison of their difference with zero work.
-double roundToCents(double amount) { return std::nearbyint(amount * 100) / 100; }
-
-// One sum over a document's movements; no movements count as 0.
-double sumMovements(const std::string& sql, const data::ConnectionPtr& connection, std::string_view field) {
-  const auto rows = core::CreaRecordSet(sql, connection);
-  return roundToCents(text::Val2(text::cNull(rows->Fields(field).Value())));
+// One sum over a document's movements; Null without movements.
+Variant sumMovements(const std::string& sql, const data::ConnectionPtr& connection, std::string_view field) {
+  return core::CreaRecordSet(sql, connection)->Fields(field).Value();
 }
 
-double documentBalance(const std::string& document, const data::ConnectionPtr& connection) {
-  const double charges =
+DocumentBalance readBalance(const std::string& document, const data::ConnectionPtr& connection) {
+  const Variant charges =
       sumMovements("SELECT sum(importe) As cargos FROM cobdet WHERE cargo_ab = 'C' AND cobranza = " + document,
                    connection, "Cargos");
-  const double credits =
+  const Variant credits =
       sumMovements("SELECT sum(importe) As abonos FROM cobdet WHERE cargo_ab = 'A' AND cobranza = " + document,
                    connection, "Abonos");
-  return charges - credits;
+  return documentBalance(charges, credits, SumRounding::ToCents);
 }
 
-void writeDocument(host::Query& query, const std::string& document, double balance) {
-  const char* state = balance == 0.0 ? ",estado = 'S' WHERE cobranza = " : ",estado = 'P' WHERE cobranza = ";
-  host::runStatement(query, "UPDATE cobranza SET saldo = " + text::FormatoDecimal(balance) + state + document);
+void writeDocument(host::Query& query, const std::string& document, const DocumentBalance& balance) {
+  const char* state = balance.isSettled() ? ",estado = 'S' WHERE cobranza = " : ",estado = 'P' WHERE cobranza = ";
+  host::runStatement(query, "UPDATE cobranza SET saldo = " + text::FormatoDecimal(balance.amount) + state + document);
 }
 
 // In base currency, over every document of the customer.
@@ -48,7 +41,7 @@ void ActualizaSaldo(const Variant& nCobranza, const host::AmbientePtr& Ambiente,
   const data::ConnectionPtr connection = host::requireConnection(Ambiente);
   host::provideQuery(Query, connection);
   const std::string document = concatenate(nCobranza, {});
-  writeDocument(*Query, document, documentBalance(document, connection));
+  writeDocument(*Query, document, readBalance(document, connection));
 
   const auto rows = core::CreaRecordSet("SELECT * FROM cobranza WHERE cobranza = " + document, connection);
   if (rows->Eof()) return;

@@ -50,9 +50,44 @@ TEST_P(DemoOnEngine, LeavesTheFiguresOfTheStory) {
   }
 }
 
+TEST_P(DemoOnEngine, SuppliesReceivesReturnsAndChangesPrices) {
+  const std::string told = expectRun(0, demo()).out;
+  // What the story shows on the way: the order and its second line before, between and after.
+  std::size_t at = told.find("\n5. ");
+  ASSERT_NE(at, std::string::npos) << told;
+  for (const std::string piece :
+       {"2001  C003     PE\n", "40.00     0.00     40.00\n", "2001  C003     SU\n", "40.00    25.00     15.00\n",
+        "2001  C003     CE\n", "40.00    40.00      0.00\n", "3001  P014       PE\n", "3001  P014       CE\n",
+        "12.00     5.00\n", "12.00     8.00\n", "1290.00  1190.00\n", "1390.00  1285.00\n",
+        "1290.00  1390.00     1190.00  1285.00\n"}) {
+    at = told.find(piece, at);
+    ASSERT_NE(at, std::string::npos) << piece << "missing, or too early, in\n" << told;
+  }
+  const auto connection = connect();
+  EXPECT_EQ(firstColumn(connection, "SELECT estado FROM pedidos ORDER BY pedido"), "CE PE");
+  EXPECT_EQ(firstColumn(connection, "SELECT estado FROM orden"), "CE");
+  EXPECT_EQ(firstColumn(connection, "SELECT id FROM slotes"), "3");
+  EXPECT_EQ(firstColumn(connection, "SELECT consec FROM consec WHERE dato = 'histcamb'"), "1");
+  // 5 + 3 and 20 + 8 have gone out of the lots of exit 905; nothing of the third.
+  EXPECT_NEAR(std::stod(firstColumn(connection, "SELECT SUM(cantsal) FROM lotes")), 36, 0.001);
+}
+
+TEST_P(DemoOnEngine, AnOlderMarkCoversTheOlderTablesAlone) {
+  const auto connection = connect();
+  connection->Execute("CREATE TABLE qvn_demo (version INTEGER NOT NULL PRIMARY KEY)");
+  connection->Execute("CREATE TABLE caja (abono INTEGER)");
+  connection->Execute("CREATE TABLE lotes (mio VARCHAR(10))");
+  connection->Execute("INSERT INTO lotes VALUES ('intacto')");
+  expectRun(1, demo(), {"no lo cambió"});
+  EXPECT_EQ(firstColumn(connection, "SELECT mio FROM lotes"), "intacto");
+  connection->Execute("DROP TABLE lotes");
+  expectHolds(expectRun(0, demo()).out, {"Ya había una de una ejecución anterior"});
+}
+
 TEST_P(DemoOnEngine, RunsAgainFromTheBeginning) {
   const Outcome first = expectRun(0, demo());
   connect()->Execute("UPDATE cobdet SET importe = 1");
+  connect()->Execute("DROP TABLE histcamb");
   connect()->Execute("DROP TABLE caja");  // as after a run that was cut off
   Outcome second = expectRun(0, demo());
   const std::string note = "Ya había una de una ejecución anterior; se hace de nuevo desde el principio.\n";
@@ -62,7 +97,8 @@ TEST_P(DemoOnEngine, RunsAgainFromTheBeginning) {
 }
 
 TEST_P(DemoOnEngine, LeavesForeignTablesAlone) {
-  for (const std::string table : {"clients", "cobranza", "cobdet", "caja"}) {
+  for (const std::string table : {"clients", "cobranza", "cobdet", "caja", "prods", "pedidos", "pedpar", "orden",
+                                  "ordpar", "lotes", "slotes", "histcamb", "consec"}) {
     SCOPED_TRACE(table);
     const auto connection = connect();
     connection->Execute("CREATE TABLE " + table + " (mio VARCHAR(10))");

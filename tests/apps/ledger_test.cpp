@@ -1,28 +1,12 @@
 // The commands that recompute balances, on the demonstration's shop.
 #include <gtest/gtest.h>
 
-#include "tests/apps/run_program.h"
-#include "tests/support/test_database.h"
+#include "tests/apps/demo_shop.h"
 
 namespace qvn::test {
 namespace {
 
-class LedgerCommand : public testing::TestWithParam<Engine> {
- protected:
-  void SetUp() override {
-    database_ = GetParam().create();
-    ASSERT_EQ(runQvn({"demo", "-c", database_->connectionString()}).status, 0);
-  }
-
-  void execute(const std::string& sql) const { database_->connect()->Execute(sql); }
-
-  [[nodiscard]] Call call(const std::vector<std::string>& arguments, const std::string& locale = "C") const {
-    return {.arguments = arguments,
-            .environment = {"QVN_CONEXION=" + database_->connectionString(), "LC_ALL=" + locale}};
-  }
-
-  std::unique_ptr<TestDatabase> database_;
-};
+class LedgerCommand : public DemoShop {};
 INSTANTIATE_TEST_SUITE_P(Engines, LedgerCommand, testing::ValuesIn(shopEngines()), engineName);
 
 TEST_P(LedgerCommand, SaldoShowsBeforeAndAfter) {
@@ -46,6 +30,27 @@ TEST_P(LedgerCommand, SaldoTellsOfUnknownAndFailedDocuments) {
   execute("UPDATE cobranza SET tip_cam = NULL WHERE cliente = 'C006'");
   expectRun(1, call({"saldo", "1007", "1008", "1009"}),
             {"qvn: falló el documento 1008; los anteriores quedaron escritos\n", "error 94", "tip_cam"});
+}
+
+TEST_P(LedgerCommand, SaldoProveedorShowsBeforeAndAfter) {
+  execute("CREATE TABLE proveed (proveedor VARCHAR(10), saldo DECIMAL(12,2))");
+  execute(
+      "CREATE TABLE cuenxpag (cuenxpag INTEGER, proveedor VARCHAR(10), tip_cam DECIMAL(10,4), saldo DECIMAL(12,2), "
+      "estado VARCHAR(1))");
+  execute("CREATE TABLE cuenxpdet (cuenxpag INTEGER, cargo_ab VARCHAR(1), importe DECIMAL(12,2))");
+  execute("INSERT INTO proveed VALUES ('P014', 0), ('P020', 77)");
+  execute("INSERT INTO cuenxpag VALUES (310, 'P014', 1, 5, 'S'), (311, 'P014', 17.05, 9, 'P')");
+  execute("INSERT INTO cuenxpdet VALUES (310, 'C', 800.50), (310, 'A', 300.25), (311, 'C', 40), (311, 'A', 40)");
+  // 800.50 - 300.25 = 500.25, all that the supplier is owed once 311 is paid.
+  EXPECT_EQ(
+      expectRun(1, call({"saldo-proveedor", "310", "7", "311"}), {"qvn: no existe el documento 7 en «cuenxpag»\n"}).out,
+      "cuenxpag  proveedor  saldo antes   saldo  estado  saldo del proveedor\n"
+      "────────  ─────────  ───────────  ──────  ──────  ───────────────────\n"
+      "     310  P014              5.00  500.25  P                    500.25\n"
+      "     311  P014              9.00    0.00  S                    500.25\n");
+  EXPECT_EQ(valuesOf("SELECT saldo FROM proveed WHERE proveedor = 'P020'").substr(0, 2), "77");
+  execute("DROP TABLE cuenxpdet");
+  expectRun(1, call({"saldo-proveedor", "310"}), {"qvn: falló el documento 310;", "error -2147217865", "cuenxpdet"});
 }
 
 TEST_P(LedgerCommand, TheTraceShowsTheLibrarysStatements) {

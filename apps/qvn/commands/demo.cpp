@@ -1,12 +1,15 @@
-// qvn demo: a small shop, and a customer's payment in it.
+// qvn demo: a small shop, and what the library does in it.
 #include <array>
 #include <string>
 
 #include "apps/qvn/commands.h"
 #include "apps/qvn/connect.h"
+#include "apps/qvn/demo/order_story.h"
 #include "apps/qvn/demo/payment_story.h"
 #include "apps/qvn/demo/shop_database.h"
 #include "apps/qvn/demo/shop_file.h"
+#include "apps/qvn/demo/stock_data.h"
+#include "apps/qvn/demo/stock_story.h"
 #include "apps/qvn/terminal_text.h"
 
 namespace qvn::cli {
@@ -14,15 +17,20 @@ namespace {
 
 constexpr std::string_view kDescription = R"(
 Crea la base de datos de una tienda pequeña (clientes, documentos por cobrar en
-dos monedas, movimientos y pagos), guarda el pago de un cliente y llama a la
-biblioteca como lo hace una pantalla de cobranza: ActualizaPorAplicar para el
-pago y ActualizaSaldo para cada documento. Muestra la cuenta antes y después.
+dos monedas, pagos, artículos, pedidos, órdenes de compra y lotes) y llama a la
+biblioteca como lo hacen sus pantallas. Muestra antes y después:
+  - el pago de un cliente: ActualizaPorAplicar y ActualizaSaldo
+  - un pedido que se surte en dos pasos: ActualizaPorSurtir
+  - una orden de compra que se recibe: ActualizaPorRecibir
+  - los lotes a los que vuelve una salida: RegresaLotes
+  - un cambio de precios: SalvaHistCamb
 
 La tienda queda en el archivo tienda.db (SQLite) de la carpeta demo-qvn, o en la
 base de datos que se dé con --conexion; QVN_CONEXION no cuenta aquí. Las tablas
-son clients, cobranza, cobdet, caja y la marca qvn_demo. Otra ejecución las hace
-de nuevo. Donde haya tablas con esos nombres que no hizo la demostración, no
-cambia nada y termina con estado 1.
+son clients, cobranza, cobdet, caja, prods, pedidos, pedpar, orden, ordpar,
+lotes, slotes, histcamb, consec y la marca qvn_demo. Otra ejecución las hace de
+nuevo. Donde haya tablas con esos nombres que no hizo la demostración, no cambia
+nada y termina con estado 1.
 )";
 
 constexpr std::string_view kExamples = R"(
@@ -55,7 +63,9 @@ std::string shellQuoted(std::string_view word) {
 void announce(demo::Ownership ownership, std::string_view place, Context& context) {
   context.out << "Tienda de demostración: " << std::to_string(demo::kCustomers.size()) << " clientes, "
               << std::to_string(demo::kDocuments.size()) << " documentos, " << std::to_string(demo::kMovements.size())
-              << " movimientos y " << std::to_string(demo::kPayments.size()) << " pagos\n"
+              << " movimientos, " << std::to_string(demo::kPayments.size()) << " pagos,\n                         "
+              << std::to_string(demo::kProducts.size()) << " artículos, " << std::to_string(demo::kOrders.size())
+              << " pedidos y " << std::to_string(demo::kLots.size()) << " lotes\n"
               << "Base de datos: " << safeText(place) << "\n";
   if (ownership == demo::Ownership::Ours) {
     context.out << "Ya había una de una ejecución anterior; se hace de nuevo desde el principio.\n";
@@ -75,12 +85,22 @@ void build(const data::ConnectionPtr& connection, demo::Ownership ownership, std
   connection->Execute("COMMIT");
 }
 
+void tellStories(const data::ConnectionPtr& connection, Context& context) {
+  demo::tellPayment(connection, context);
+  demo::tellSupply(connection, context);
+  demo::tellReceipt(connection, context);
+  demo::tellLotReturn(connection, context);
+  demo::tellPriceChange(connection, context);
+}
+
 void tellHowToGoOn(std::string_view environmentLine, Context& context) {
   const std::string program = shellQuoted(context.programName);
   context.out << "\nPara seguir mirando:\n" << environmentLine;
   context.out << "  " << program << " sql \"SELECT * FROM cobranza\"\n"
               << "  " << program << " sql \"SELECT * FROM cobdet WHERE abono = 506\"\n"
-              << "  " << program << " saldo --traza 1007\n";
+              << "  " << program << " saldo --traza 1007\n"
+              << "  " << program << " surtir --sin-articulos 73 1\n"
+              << "  " << program << " precios " << demo::kPriceChange.product << "\n";
 }
 
 void runInFile(const Arguments& arguments, Context& context) {
@@ -91,14 +111,14 @@ void runInFile(const Arguments& arguments, Context& context) {
   // A file that somebody filled with other tables is not ours either.
   if (hasContent && ownership == demo::Ownership::Vacant) ownership = demo::Ownership::Foreign;
   build(connection, ownership, file.string() + " (SQLite)", context);
-  demo::tellPayment(connection, context);
+  tellStories(connection, context);
   tellHowToGoOn("  export QVN_CONEXION=" + shellQuoted(demo::connectionStringFor(file, false)) + "\n", context);
 }
 
 void runOnDatabase(std::string_view connectionString, const Arguments& arguments, Context& context) {
   const data::ConnectionPtr connection = connectTo(std::string(connectionString), arguments, context);
   build(connection, demo::findOwnership(connection), readableConnection(connectionString), context);
-  demo::tellPayment(connection, context);
+  tellStories(connection, context);
   tellHowToGoOn("  export QVN_CONEXION='...'   # la misma cadena de conexión\n", context);
 }
 
@@ -119,7 +139,7 @@ ExitStatus runDemo(const Arguments& arguments, Context& context) {
 }  // namespace
 
 constinit const Command kDemoCommand{
-    "demo", "crea una tienda de ejemplo y muestra el pago de un cliente", "", kDescription, kOptions, kExamples,
+    "demo", "crea una tienda de ejemplo y muestra la biblioteca en ella", "", kDescription, kOptions, kExamples,
     runDemo};
 
 }  // namespace qvn::cli

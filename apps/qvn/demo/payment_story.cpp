@@ -5,18 +5,12 @@
 
 #include "apps/qvn/demo/shop_data.h"
 #include "apps/qvn/demo/shop_database.h"
+#include "apps/qvn/demo/telling.h"
 #include "apps/qvn/field_text.h"
 #include "apps/qvn/terminal_text.h"
 
 namespace qvn::cli::demo {
 namespace {
-
-constexpr std::size_t kIndent = 3;
-
-// The one row that a statement gives.
-Variant readValue(const LumLibreria& library, const data::ConnectionPtr& connection, const std::string& sql) {
-  return library.CreaRecordSet(sql, connection)->Fields(0).Value();
-}
 
 std::string customerTotal(const data::ConnectionPtr& connection, Context& context) {
   const std::string sql = "SELECT saldo FROM clients WHERE cliente = '" + std::string(kNewPayment.customer) + "'";

@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "apps/qvn/demo/shop_rows.h"
 #include "qvn/core/dialect.h"
 #include "qvn/data/provider_error.h"
 
@@ -15,7 +16,10 @@ struct Table {
   std::string_view columns;
 };
 
+// A mark without this row is older: it stands for the first tables alone.
 constexpr Table kMark{"qvn_demo", "version INTEGER NOT NULL PRIMARY KEY"};
+constexpr std::string_view kMarkRow = " WHERE version = 2";
+constexpr std::size_t kFirstTables = 4;
 
 constexpr auto kTables = std::to_array<Table>({
     {"clients",
@@ -29,6 +33,33 @@ constexpr auto kTables = std::to_array<Table>({
     {"caja",
      "abono INTEGER NOT NULL PRIMARY KEY, cliente VARCHAR(10), fecha DATE, moneda VARCHAR(3), importe DECIMAL(12,2), "
      "por_apli DECIMAL(12,2), aplicado INTEGER"},
+    {"prods",
+     "articulo VARCHAR(20) NOT NULL PRIMARY KEY, descrip VARCHAR(60), existencia DECIMAL(12,2), "
+     "por_surt DECIMAL(12,2), por_recib DECIMAL(12,2), precio1 DECIMAL(12,2), precio2 DECIMAL(12,2), "
+     "precio3 DECIMAL(12,2), precio4 DECIMAL(12,2), precio5 DECIMAL(12,2), precio6 DECIMAL(12,2), "
+     "precio7 DECIMAL(12,2), precio8 DECIMAL(12,2), precio9 DECIMAL(12,2), precio10 DECIMAL(12,2)"},
+    {"pedidos", "pedido INTEGER NOT NULL PRIMARY KEY, cliente VARCHAR(10), fecha DATE, estado VARCHAR(2)"},
+    {"pedpar",
+     "id_salida INTEGER NOT NULL PRIMARY KEY, pedido INTEGER, articulo VARCHAR(20), cantidad DECIMAL(12,2), "
+     "surtido DECIMAL(12,2), por_surt DECIMAL(12,2)"},
+    {"orden",
+     "orden INTEGER NOT NULL PRIMARY KEY, proveedor VARCHAR(10), fecha DATE, estado VARCHAR(2), tipo VARCHAR(2)"},
+    {"ordpar",
+     "partida INTEGER NOT NULL PRIMARY KEY, orden INTEGER, articulo VARCHAR(20), cantidad DECIMAL(12,2), "
+     "surtido DECIMAL(12,2), por_surt DECIMAL(12,2)"},
+    {"lotes",
+     "id INTEGER NOT NULL PRIMARY KEY, lote VARCHAR(20), articulo VARCHAR(20), cantidad DECIMAL(12,2), "
+     "cantsal DECIMAL(12,2)"},
+    {"slotes", "id INTEGER NOT NULL PRIMARY KEY, id_salida INTEGER, lote VARCHAR(20), cantidad DECIMAL(12,2)"},
+    {"histcamb",
+     "id INTEGER NOT NULL PRIMARY KEY, articulo VARCHAR(20), sucursal INTEGER, usuario VARCHAR(20), usufecha DATE, "
+     "usuhora VARCHAR(8), existencia DECIMAL(12,2), precio1 DECIMAL(12,2), precio2 DECIMAL(12,2), "
+     "precio3 DECIMAL(12,2), precio4 DECIMAL(12,2), precio5 DECIMAL(12,2), precio6 DECIMAL(12,2), "
+     "precio7 DECIMAL(12,2), precio8 DECIMAL(12,2), precio9 DECIMAL(12,2), precio10 DECIMAL(12,2), "
+     "precioold1 DECIMAL(12,2), precioold2 DECIMAL(12,2), precioold3 DECIMAL(12,2), precioold4 DECIMAL(12,2), "
+     "precioold5 DECIMAL(12,2), precioold6 DECIMAL(12,2), precioold7 DECIMAL(12,2), precioold8 DECIMAL(12,2), "
+     "precioold9 DECIMAL(12,2), precioold10 DECIMAL(12,2)"},
+    {"consec", "dato VARCHAR(20) NOT NULL PRIMARY KEY, consec INTEGER"},
 });
 
 bool tableExists(data::Connection& connection, std::string_view name) {
@@ -41,34 +72,15 @@ bool tableExists(data::Connection& connection, std::string_view name) {
   return true;
 }
 
+bool hasMarkRow(data::Connection& connection) {
+  return !connection.Execute("SELECT version FROM " + std::string(kMark.name) + std::string(kMarkRow))->Eof();
+}
+
 void createTable(data::Connection& connection, const Table& table) {
   // An older server's own character set may not hold every name.
   const std::string_view options = core::hasMarker(connection, core::marker::kMySql) ? " DEFAULT CHARSET=utf8mb4" : "";
   connection.Execute("CREATE TABLE " + std::string(table.name) + " (" + std::string(table.columns) + ")" +
                      std::string(options));
-}
-
-std::string quoted(std::string_view text) { return "'" + std::string(text) + "'"; }
-
-std::string values(const Customer& customer) {
-  return quoted(customer.code) + ", " + quoted(customer.name) + ", " + quoted(customer.city) + ", 0";
-}
-
-std::string values(const Document& document) {
-  return std::to_string(document.number) + ", " + quoted(document.customer) + ", " + quoted(document.date) + ", " +
-         quoted(document.currency) + ", " + std::string(document.exchangeRate) + ", 0, 'P'";
-}
-
-std::string values(const Movement& movement) {
-  return std::to_string(movement.number) + ", " + std::to_string(movement.document) + ", " + quoted(movement.date) +
-         ", '" + static_cast<char>(movement.kind) + "', " + quoted(movement.reason) + ", " +
-         std::string(movement.amount) + ", " + (movement.payment == 0 ? "NULL" : std::to_string(movement.payment));
-}
-
-std::string values(const Payment& payment) {
-  const std::string amount(payment.amount);
-  return std::to_string(payment.number) + ", " + quoted(payment.customer) + ", " + quoted(payment.date) + ", " +
-         quoted(payment.currency) + ", " + amount + ", " + amount + ", 0";
 }
 
 // One statement for all rows, in the order of the table's columns.
@@ -86,15 +98,18 @@ void insertRows(data::Connection& connection, std::string_view table, const Rows
 }  // namespace
 
 Ownership findOwnership(const data::ConnectionPtr& connection) {
-  if (tableExists(*connection, kMark.name)) return Ownership::Ours;
+  const bool isMarked = tableExists(*connection, kMark.name);
+  if (isMarked && hasMarkRow(*connection)) return Ownership::Ours;
+  const auto unmarked = std::span(kTables).subspan(isMarked ? kFirstTables : 0);
   const bool isForeign =
-      std::ranges::any_of(kTables, [&](const Table& table) { return tableExists(*connection, table.name); });
-  return isForeign ? Ownership::Foreign : Ownership::Vacant;
+      std::ranges::any_of(unmarked, [&](const Table& table) { return tableExists(*connection, table.name); });
+  if (isForeign) return Ownership::Foreign;
+  return isMarked ? Ownership::Ours : Ownership::Vacant;
 }
 
 void buildShop(const data::ConnectionPtr& connection) {
-  connection->Execute("DROP TABLE IF EXISTS " + std::string(kMark.name));
-  createTable(*connection, kMark);
+  if (!tableExists(*connection, kMark.name)) createTable(*connection, kMark);
+  if (!hasMarkRow(*connection)) connection->Execute("INSERT INTO " + std::string(kMark.name) + " VALUES (2)");
   for (const Table& table : kTables) {
     connection->Execute("DROP TABLE IF EXISTS " + std::string(table.name));
     createTable(*connection, table);
@@ -103,6 +118,14 @@ void buildShop(const data::ConnectionPtr& connection) {
   insertRows(*connection, "cobranza", kDocuments);
   insertRows(*connection, "cobdet", kMovements);
   insertRows(*connection, "caja", kPayments);
+  insertRows(*connection, "prods", kProducts);
+  insertRows(*connection, "pedidos", kOrders);
+  insertRows(*connection, "pedpar", kOrderLines);
+  insertRows(*connection, "orden", kPurchaseOrders);
+  insertRows(*connection, "ordpar", kPurchaseLines);
+  insertRows(*connection, "lotes", kLots);
+  insertRows(*connection, "slotes", kLotMovements);
+  insertRows(*connection, "consec", kCounters);
 }
 
 void insertPayment(const data::ConnectionPtr& connection, const Payment& payment) {

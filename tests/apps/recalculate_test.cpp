@@ -1,0 +1,164 @@
+// qvn recalcula, on the demonstration's shop and on one of thousands of documents.
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+#include "apps/qvn/interruption.h"
+#include "apps/qvn/progress_bar.h"
+#include "tests/apps/run_program.h"
+#include "tests/support/test_database.h"
+
+namespace qvn::test {
+namespace {
+
+class RecalculateCommand : public testing::TestWithParam<Engine> {
+ protected:
+  void SetUp() override {
+    database_ = GetParam().create();
+    ASSERT_EQ(runQvn({"demo", "-c", database_->connectionString()}).status, 0);
+  }
+  void execute(const std::string& sql) const { database_->connect()->Execute(sql); }
+  [[nodiscard]] std::string scalar(const std::string& sql) const {
+    return database_->connect()->Execute(sql)->Fields(0).Value().toText();
+  }
+  [[nodiscard]] Call call(std::vector<std::string> arguments) const {
+    arguments.insert(arguments.begin(), "recalcula");
+    return {.arguments = arguments, .environment = {"QVN_CONEXION=" + database_->connectionString()}};
+  }
+  std::unique_ptr<TestDatabase> database_;
+};
+INSTANTIATE_TEST_SUITE_P(Engines, RecalculateCommand, testing::ValuesIn(shopEngines()), engineName);
+
+// 1007 and 1009 are those of C003, whose total is then 3,220.00 + 450.00 x 17.05 = 10,892.50.
+constexpr const char* kDocumentChanges =
+    "cobranza  saldo antes     saldo  estado antes  estado\n"
+    "────────  ───────────  ────────  ────────────  ──────\n"
+    "    1007         0.00  3,220.00  S             P\n"
+    "    1009       <NULL>    450.00  <NULL>        P\n"
+    "\n";
+
+TEST_P(RecalculateCommand, ShowsWhatItChangesAndChangesItOnce) {
+  execute("UPDATE cobranza SET saldo = 0, estado = 'S' WHERE cobranza = 1007");
+  execute("UPDATE cobranza SET saldo = NULL, estado = NULL WHERE cobranza = 1009");
+  execute("UPDATE clients SET saldo = 5 WHERE cliente = 'C003'");
+  EXPECT_EQ(expectRun(0, call({"--clientes", "--simula", "--detalle"})).out,
+            std::string(kDocumentChanges) +
+                "cuentas   documentos  cambiarían  totales  cambiarían  no se pudo\n"
+                "────────  ──────────  ──────────  ───────  ──────────  ──────────\n"
+                "clientes          12           2        -           -           -\n"
+                "Simulación: no se escribió nada.\n");
+  EXPECT_EQ(scalar("SELECT COUNT(*) FROM cobranza WHERE estado IS NULL"), "1");
+
+  EXPECT_EQ(expectRun(0, call({"--clientes", "--detalle"})).out,
+            std::string(kDocumentChanges) +
+                "cliente  saldo antes      saldo\n"
+                "───────  ───────────  ─────────\n"
+                "C003            5.00  10,892.50\n"
+                "\n"
+                "cuentas   documentos  cambiados  totales  cambiados  no se pudo\n"
+                "────────  ──────────  ─────────  ───────  ─────────  ──────────\n"
+                "clientes          12          2        6          1           0\n");
+  const Outcome second = expectRun(0, call({"--clientes", "--detalle"}));
+  expectHolds(second.out, {"clientes          12          0        6          0           0\n"});
+}
+
+TEST_P(RecalculateCommand, WithoutSuppliersTablesItSaysSoAndChangesNothing) {
+  execute("UPDATE cobranza SET saldo = 0 WHERE cobranza = 1007");
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{}, {"--proveedores"}}) {
+    const Outcome outcome =
+        expectRun(1, call(arguments), {"faltan tablas de proveedores; no se cambió nada. Con --clientes"});
+    EXPECT_EQ(outcome.out, "");
+  }
+  EXPECT_EQ(std::stod(scalar("SELECT saldo FROM cobranza WHERE cobranza = 1007")), 0);
+}
+
+TEST_P(RecalculateCommand, BothSides) {
+  for (const char* sql :
+       {"CREATE TABLE proveed (proveedor VARCHAR(10) NOT NULL PRIMARY KEY, saldo DECIMAL(12,2))",
+        "CREATE TABLE cuenxpag (cuenxpag INTEGER NOT NULL PRIMARY KEY, proveedor VARCHAR(10), tip_cam DECIMAL(10,4), "
+        "saldo DECIMAL(12,2), estado VARCHAR(1))",
+        "CREATE TABLE cuenxpdet (id INTEGER NOT NULL PRIMARY KEY, cuenxpag INTEGER, cargo_ab VARCHAR(1), "
+        "importe DECIMAL(12,2))",
+        "INSERT INTO proveed VALUES ('P1', 0)", "INSERT INTO cuenxpag VALUES (7, 'P1', 2, 0, 'S')",
+        "INSERT INTO cuenxpdet VALUES (1, 7, 'C', 12.50)"}) {
+    execute(sql);
+  }
+  EXPECT_EQ(expectRun(0, call({})).out,
+            "cuentas      documentos  cambiados  totales  cambiados  no se pudo\n"
+            "───────────  ──────────  ─────────  ───────  ─────────  ──────────\n"
+            "clientes             12          0        6          0           0\n"
+            "proveedores           1          1        1          1           0\n");
+  EXPECT_EQ(std::stod(scalar("SELECT saldo FROM proveed")), 25);
+}
+
+TEST_P(RecalculateCommand, WhoCannotBeTotalledIsNamed) {
+  execute("UPDATE cobranza SET tip_cam = NULL WHERE cliente = 'C006'");
+  execute("UPDATE cobranza SET cliente = NULL WHERE cobranza = 1012");
+  const Outcome outcome = expectRun(1, call({"--clientes"}),
+                                    {"no se pudo con el cliente «C006»", "tip_cam", "qvn: hay documentos sin cliente"});
+  expectHolds(outcome.out, {"clientes          12          0        6          1           2\n"});
+}
+
+TEST(Recalculate, WrongCalls) {
+  expectRun(2, {.arguments = {"recalcula", "-c", kMemory, "1007"}}, {"no lleva argumentos"});
+  expectRun(2, {.arguments = {"recalcula"}}, {"QVN_CONEXION"});
+}
+
+// The trace says when a batch is done. Nobody reads on until the signal is sent: the pipe holds a few batches of the
+// ten.
+constexpr const char* kInterruptAfterFirstBatch =
+    "mkfifo trace\n"
+    "\"$0\" recalcula --clientes --traza > out 2> trace &\n"
+    "exec 3< trace\n"
+    "while read -r line <&3; do [ \"$line\" = COMMIT ] && break; done\n"
+    "kill -INT $!\n"
+    "cat <&3 > rest\n"
+    "wait $!\n";
+
+TEST(Recalculate, AnInterruptionEndsItAfterABatchAndTheNextRunGoesOn) {
+  const Engine& sqlite = engines().front();
+  const auto database = sqlite.create();
+  const auto connection = database->connect();
+  for (const char* sql :
+       {"CREATE TABLE clients (cliente TEXT PRIMARY KEY, saldo DOUBLE)",
+        "CREATE TABLE cobranza (cobranza INTEGER PRIMARY KEY, cliente TEXT, saldo DOUBLE, tip_cam DOUBLE, estado TEXT)",
+        "CREATE TABLE cobdet (cobranza INTEGER, cargo_ab TEXT, importe DOUBLE)",
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 5000) "
+        "INSERT INTO cobranza SELECT i, 'C1', 1, 1, 'P' FROM n"}) {
+    connection->Execute(sql);
+  }
+  const TempFolder folder;
+  const std::string variable = "QVN_CONEXION=" + database->connectionString();
+  const Outcome outcome = run({.arguments = {"-c", kInterruptAfterFirstBatch, QVN_PROGRAM},
+                               .environment = {variable},
+                               .folder = folder.path(),
+                               .program = "/bin/sh"});
+  EXPECT_EQ(outcome.status, 1) << outcome.err;
+  expectHolds(readFile(folder.path() / "rest"),
+              {"qvn: se interrumpió después de ", " de 5,000 documentos de clientes; ", "repita el comando"});
+  const auto left = connection->Execute("SELECT COUNT(*) FROM cobranza WHERE estado = 'P'")->Fields(0).Value().toLong();
+  EXPECT_GT(left, 0);
+  EXPECT_LT(left, 5000);
+  EXPECT_EQ(left % 500, 0);
+
+  expectRun(0, {.arguments = {"recalcula", "--clientes"}, .environment = {variable}});
+  EXPECT_EQ(connection->Execute("SELECT COUNT(*) FROM cobranza WHERE estado = 'P'")->Fields(0).Value().toLong(), 0);
+}
+
+TEST(Recalculate, OnlyTheFirstSignalIsRemembered) {
+  const cli::Interruption interruption;
+  EXPECT_FALSE(cli::Interruption::isRequested());
+  std::raise(SIGINT);
+  EXPECT_TRUE(cli::Interruption::isRequested());
+  EXPECT_EXIT(std::raise(SIGINT), testing::KilledBySignal(SIGINT), "");
+}
+
+TEST(Recalculate, ProgressIsALine) {
+  EXPECT_EQ(cli::progressLine("totales", 0, 3), "totales  [░░░░░░░░░░░░░░░░░░░░]  0 %");
+  EXPECT_EQ(cli::progressLine("totales", 1, 3), "totales  [██████░░░░░░░░░░░░░░]  33 %");
+  EXPECT_EQ(cli::progressLine("totales", 3, 3), "totales  [████████████████████]  100 %");
+  EXPECT_EQ(cli::progressLine("totales", 0, 0), "totales  [████████████████████]  100 %");
+}
+
+}  // namespace
+}  // namespace qvn::test
