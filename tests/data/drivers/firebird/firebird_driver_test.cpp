@@ -29,8 +29,8 @@ TEST(FirebirdDriver, ServesConnectionStringsThatNameIt) {
 }
 
 TEST(FirebirdDriver, TellsWhyADatabaseWasNotOpened) {
-  const Folder folder;
-  std::ofstream(folder / "texto.fdb") << std::string(10'000, 'x');
+  const ScratchFolder folder;
+  std::ofstream(folder.path("texto.fdb")) << std::string(10'000, 'x');
   struct Row {
     std::string parameters;
     std::int32_t number;
@@ -40,9 +40,9 @@ TEST(FirebirdDriver, TellsWhyADatabaseWasNotOpened) {
       {"User ID=SYSDBA", number::kBadConnectionString, "Data Source"},
       {"Data Source=x.fdb;Mode=Nada", number::kBadConnectionString, "Mode"},
       {"Data Source=C:\\tienda\\x.fdb", number::kBadConnectionString, "C:/tienda/x.fdb"},
-      {"Data Source=" + (folder / "no_hay.fdb"), number::kUnspecified, "no_hay.fdb"},
-      {"Data Source=" + (folder / "no_hay/x.fdb") + ";Mode=ReadWriteCreate", number::kUnspecified, "no_hay/x.fdb"},
-      {"Data Source=" + (folder / "texto.fdb"), number::kUnspecified, "texto.fdb"},
+      {"Data Source=" + folder.path("no_hay.fdb"), number::kUnspecified, "no_hay.fdb"},
+      {"Data Source=" + folder.path("no_hay/x.fdb") + ";Mode=ReadWriteCreate", number::kUnspecified, "no_hay/x.fdb"},
+      {"Data Source=" + folder.path("texto.fdb"), number::kUnspecified, "texto.fdb"},
       {"Data Source=127.0.0.1/1:/x.fdb", number::kUnspecified, "«127.0.0.1/1:/x.fdb»"},
   };
   for (const Row& row : rows) {
@@ -57,12 +57,12 @@ TEST(FirebirdDriver, TellsWhyADatabaseWasNotOpened) {
 
 TEST(FirebirdDriver, PathsHoldAnyLetterInAnyLocale) {
   ASSERT_STREQ(setlocale(LC_ALL, nullptr), "C");
-  const Folder folder;
-  std::filesystem::create_directory(folder / "año");
-  const std::string base = "Provider=IbOleDb;User ID=SYSDBA;Data Source=" + (folder / "año");
+  const ScratchFolder folder;
+  std::filesystem::create_directory(folder.path("año"));
+  const std::string base = "Provider=IbOleDb;User ID=SYSDBA;Data Source=" + folder.path("año");
   const auto made = connectTo(base + "\\niño.fdb;Mode=ReadWriteCreate");
   made->execute("CREATE TABLE t (x INTEGER)");
-  EXPECT_TRUE(std::filesystem::exists(folder / "año/niño.fdb"));
+  EXPECT_TRUE(std::filesystem::exists(folder.path("año/niño.fdb")));
   EXPECT_EQ(connectTo(base + "/niño.fdb")->execute("INSERT INTO t VALUES (1)").affectedRows, 1);
   EXPECT_STREQ(setlocale(LC_ALL, nullptr), "C");
 }
