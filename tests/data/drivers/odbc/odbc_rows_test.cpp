@@ -1,12 +1,30 @@
-// Rows that come in blocks and long values that come in pieces, of two engines.
-#include <algorithm>
+// Rows that come in blocks and long values that come in pieces, of every engine.
+#include <ostream>
 
 #include "tests/data/drivers/odbc/odbc_fixture.h"
 
 namespace qvn::test {
 namespace {
 
-class OdbcRows : public testing::TestWithParam<const char*> {
+struct Engine {
+  const char* name;
+  const char* longText;
+  const char* longBytes;
+  std::size_t widestUnits;  // that a character of four bytes takes of a column's size
+};
+
+void PrintTo(const Engine& engine, std::ostream* out) { *out << engine.name; }
+
+constexpr Engine kEngines[] = {{"Sqlite", "TEXT", "BLOB", 1},
+                               {"MariaDb", "TEXT", "MEDIUMBLOB", 1},
+                               {"SqlServer", "NVARCHAR(MAX)", "VARBINARY(MAX)", 2}};
+
+std::string connectionString(const std::string& engine, const ScratchFolder& folder) {
+  if (engine == "Sqlite") return sqliteConnectionString(folder);
+  return engine == "MariaDb" ? mariaDbConnectionString() : serverVariable("QVN_TEST_TDS");
+}
+
+class OdbcRows : public testing::TestWithParam<Engine> {
  protected:
   /// A table of `count` rows, whose column i counts from 1, or with one row of values.
   void makeTable(const std::string& columns, int count) {
@@ -21,8 +39,7 @@ class OdbcRows : public testing::TestWithParam<const char*> {
   }
 
   ScratchFolder folder_;
-  std::unique_ptr<data::Session> session_ =
-      connectTo(GetParam() == std::string("Sqlite") ? sqliteConnectionString(folder_) : mariaDbConnectionString());
+  std::unique_ptr<data::Session> session_ = connectTo(connectionString(GetParam().name, folder_));
 };
 
 constexpr const char* kCounted = "i INTEGER, t VARCHAR(20)";
@@ -83,7 +100,8 @@ TEST_P(OdbcRows, TextsAreWholeOnBothSidesOfTheLongestInABlock) {
     for (const std::string character : {"x", "ñ", "€", "🍕"}) {
       SCOPED_TRACE(std::to_string(size) + " x " + character);
       std::string text;
-      while (text.size() < size * character.size()) text += character;
+      const std::size_t count = character.size() == 4 ? size / GetParam().widestUnits : size;
+      while (text.size() < count * character.size()) text += character;
       session_->execute("CREATE TEMPORARY TABLE textos (a VARCHAR(" + std::to_string(size) + "), i INTEGER)");
       session_->execute("INSERT INTO textos VALUES (" + quoted(text) + ", 1), (NULL, 2), ('corto', 3)");
       const auto result = session_->execute("SELECT a, i FROM textos ORDER BY i");
@@ -98,7 +116,7 @@ TEST_P(OdbcRows, TextsAreWholeOnBothSidesOfTheLongestInABlock) {
 }
 
 TEST_P(OdbcRows, NoCharacterIsCutBetweenPieces) {
-  session_->execute("CREATE TEMPORARY TABLE notas (nota TEXT)");
+  session_->execute(std::string("CREATE TEMPORARY TABLE notas (nota ") + GetParam().longText + ")");
   for (std::size_t before = 32763; before <= 32769; ++before) {
     for (const char* const character : {"x", "ñ", "€", "🍕"}) {
       SCOPED_TRACE(std::to_string(before) + " before " + character);
@@ -114,7 +132,7 @@ TEST_P(OdbcRows, NoCharacterIsCutBetweenPieces) {
 }
 
 TEST_P(OdbcRows, LongBytesAreWholeToo) {
-  session_->execute("CREATE TEMPORARY TABLE fotos (foto MEDIUMBLOB)");
+  session_->execute(std::string("CREATE TEMPORARY TABLE fotos (foto ") + GetParam().longBytes + ")");
   for (const std::size_t size : {0U, 1U, 32767U, 32768U, 32769U, 65536U, 200'000U}) {
     SCOPED_TRACE(size);
     std::string bytes;
@@ -128,7 +146,8 @@ TEST_P(OdbcRows, LongBytesAreWholeToo) {
 }
 
 TEST_P(OdbcRows, NullIsNotTheLongValueBeforeIt) {
-  session_->execute("CREATE TEMPORARY TABLE notas (i INTEGER, a TEXT, n INTEGER, b TEXT)");
+  const std::string type = GetParam().longText;
+  session_->execute("CREATE TEMPORARY TABLE notas (i INTEGER, a " + type + ", n INTEGER, b " + type + ")");
   session_->execute("INSERT INTO notas VALUES (1, 'uno', 10, NULL), (2, NULL, NULL, 'dos'), (3, '', 30, '')");
   const std::vector<std::string> expected[] = {{shown("uno"), shown(Null{}), shown("")},
                                                {shown(Null{}), shown("dos"), shown("")}};
@@ -143,8 +162,8 @@ TEST_P(OdbcRows, NullIsNotTheLongValueBeforeIt) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, OdbcRows, testing::Values("Sqlite", "MariaDb"),
-                         [](const auto& parameter) { return std::string(parameter.param); });
+INSTANTIATE_TEST_SUITE_P(Engines, OdbcRows, testing::ValuesIn(kEngines),
+                         [](const auto& parameter) { return std::string(parameter.param.name); });
 
 }  // namespace
 }  // namespace qvn::test
