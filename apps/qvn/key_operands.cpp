@@ -40,7 +40,9 @@ std::int32_t keyOperand(std::string_view operand, std::string_view what) {
   return key;
 }
 
-bool isQuotable(std::string_view text) { return text.find_first_of(std::string_view("'\\\0", 3)) == text.npos; }
+bool isQuotable(std::string_view text) {
+  return text.find_first_of(std::string_view("'\\\0", 3)) == std::string_view::npos;
+}
 
 std::string codeOperand(std::string_view operand, std::string_view what) {
   if (operand.empty()) throw UsageError("falta " + std::string(what));

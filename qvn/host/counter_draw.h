@@ -15,13 +15,13 @@ namespace qvn::host {
 /// Not for use inside a transaction of the caller's own: to the end of it all other stations would wait, and an engine
 /// that breaks a deadlock takes the transaction back.
 ///
-/// @param counter  its name; may hold any characters
+/// @param name  of the counter; may hold any characters
 /// @throws RuntimeError   6 when the counter has reached 2,147,483,647, 94 when it is Null; the row stays as it is
 /// @throws ProviderError  kNotSupported on an engine whose rows this cannot guard, or what the engine reports
-std::int32_t drawCounter(data::Connection& connection, std::string_view counter);
+std::int32_t drawCounter(data::Connection& connection, std::string_view name);
 
 /// Makes sure that drawCounter gives a number above `number`: for rows that were numbered in another way. Throws as
 /// drawCounter does.
-void raiseCounter(data::Connection& connection, std::string_view counter, std::int32_t number);
+void raiseCounter(data::Connection& connection, std::string_view name, std::int32_t number);
 
 }  // namespace qvn::host

@@ -26,11 +26,9 @@ void StatementBuilder::Limpia() {
 }
 
 void StatementBuilder::AgregaCampo(std::string_view table, std::string field, Variant value) {
-  std::string name = lowerCase(table);
-  if (table_.empty())
-    table_ = std::move(name);
-  else if (name != table_)
-    hasOtherTable_ = true;
+  const std::string name = lowerCase(table);
+  if (table_.empty()) table_ = name;
+  if (name != table_) hasOtherTable_ = true;
   const auto given = std::ranges::find_if(
       assignments_, [&](const Assignment& known) { return equalIgnoringCase(known.field, field); });
   if (given == assignments_.end()) {
