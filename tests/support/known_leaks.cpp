@@ -6,3 +6,10 @@ extern "C" const char* __lsan_default_suppressions();  // NOLINT(bugprone-reserv
 extern "C" const char* __lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier): as above
   return "leak:libtommath\nleak:libicuuc\nleak:gconv\nleak:libglib-2.0\n";
 }
+
+// The program's standard error is compared whole.
+extern "C" const char* __lsan_default_options();  // NOLINT(bugprone-reserved-identifier): as above
+
+extern "C" const char* __lsan_default_options() {  // NOLINT(bugprone-reserved-identifier): as above
+  return "print_suppressions=0";
+}
