@@ -9,13 +9,20 @@
 
 namespace qvn::data {
 
-/// Calls `cancel` from a thread of its own when the time given to a watch is over. The thread starts with the first
-/// watch, and sleeps through the watches that end in time: they cost a lock each.
+/// Calls `cancel` from a thread of its own when the time given to a watch is over, and `breakOff` when the engine has
+/// not even answered that after a grace. The thread starts with the first watch, and sleeps through the watches that
+/// end in time: they cost a lock each.
 class Watchdog {
  public:
-  /// `cancel` tells the engine to end the statement that runs; it must be harmless when that has just ended, and is
-  /// never called after the watch is over.
-  explicit Watchdog(std::function<void()> cancel) : cancel_(std::move(cancel)) {}
+  /// Time for the answer of a cancelled statement.
+  static constexpr std::chrono::seconds kGrace{5};
+
+  /// `cancel` tells the engine to end the statement that runs; `breakOff` closes the connection under it, for engines
+  /// that can be left without an answer. Both must be harmless when the statement has just ended, and are never called
+  /// after the watch is over.
+  explicit Watchdog(
+      std::function<void()> cancel, std::function<void()> breakOff = [] {})
+      : cancel_(std::move(cancel)), breakOff_(std::move(breakOff)) {}
   ~Watchdog();
   Watchdog(const Watchdog&) = delete;
   Watchdog& operator=(const Watchdog&) = delete;
@@ -31,6 +38,8 @@ class Watchdog {
 
     /// True when the statement was told to end.
     [[nodiscard]] bool wasCancelled() const;
+    /// True when the connection was closed under it.
+    [[nodiscard]] bool wasBrokenOff() const;
 
    private:
     Watchdog* dog_;  // null without a limit
@@ -41,12 +50,19 @@ class Watchdog {
 
   void run(const std::stop_token& stop);
 
+  // How far the statement was ended.
+  enum class Stage { Running, Cancelled, BrokenOff };
+
+  [[nodiscard]] Stage stage() const;
+  void advance();
+
   std::function<void()> cancel_;
+  std::function<void()> breakOff_;
   mutable std::mutex guard_;
   std::condition_variable_any changed_;
   Clock::time_point deadline_ = Clock::time_point::max();  // of the watch in force
   Clock::time_point wake_ = Clock::time_point::max();      // when the thread looks again by itself
-  bool wasCancelled_ = false;
+  Stage stage_ = Stage::Running;
   std::jthread thread_;
 };
 

@@ -38,5 +38,19 @@ TEST(Watchdog, EndsWhatTakesTooLongAndNothingElse) {
   EXPECT_EQ(orders, 2);
 }
 
+TEST(Watchdog, BreaksOffWhatDoesNotEvenAnswerTheOrder) {
+  std::atomic<bool> isBroken = false;
+  Watchdog dog([] {}, [&] { isBroken = true; });
+  {
+    const Watchdog::Watch watch(dog, seconds{1});
+    while (!isBroken) std::this_thread::yield();
+    EXPECT_TRUE(watch.wasCancelled());
+    EXPECT_TRUE(watch.wasBrokenOff());
+  }
+  const Watchdog::Watch next(dog, seconds{100});
+  EXPECT_FALSE(next.wasCancelled());
+  EXPECT_FALSE(next.wasBrokenOff());
+}
+
 }  // namespace
 }  // namespace qvn::data

@@ -62,4 +62,9 @@ void FirebirdLink::cancelStatement() noexcept {
   attachment_->cancelOperation(ignored.get(), fb_cancel_raise);
 }
 
+void FirebirdLink::breakOff() noexcept {
+  Status ignored;
+  attachment_->cancelOperation(ignored.get(), fb_cancel_abort);
+}
+
 }  // namespace qvn::data::firebird

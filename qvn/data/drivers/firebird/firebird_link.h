@@ -27,6 +27,8 @@ class FirebirdLink {
 
   /// Tells the engine to end the statement that runs; for another thread than the one that waits for it.
   void cancelStatement() noexcept;
+  /// Closes the connection under a statement that its server leaves without an answer; for another thread likewise.
+  void breakOff() noexcept;
   /// True once after cancelStatement().
   bool takeCancelled() { return wasCancelled_.exchange(false); }
 

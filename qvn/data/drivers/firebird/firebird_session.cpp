@@ -68,6 +68,7 @@ StatementResult FirebirdSession::execute(std::string_view sql) {
                    "La sentencia lleva un carácter nulo, donde el motor dejaría de leer");
   }
   std::optional<ProviderError> failure;
+  bool wasBrokenOff = false;
   StatementResult result;
   const auto start = steady_clock::now();
   {
@@ -77,8 +78,9 @@ StatementResult FirebirdSession::execute(std::string_view sql) {
     } catch (const ProviderError& error) {
       failure = error;
     }
+    wasBrokenOff = watch.wasBrokenOff();
   }
-  const bool wasCancelled = link_.takeCancelled();
+  const bool wasCancelled = link_.takeCancelled() && !wasBrokenOff;
   if (wasCancelled) absorbCancel();
   if (!failure) return result;
   if (wasCancelled || isLockTimeout(*failure, steady_clock::now() - start, timeout_)) {

@@ -35,7 +35,7 @@ class FirebirdSession final : public Session {
   FirebirdLink link_;
   std::chrono::seconds timeout_;
   std::shared_ptr<Transaction> transaction_;  // the one that the host opened; null outside
-  Watchdog watchdog_{[this] { link_.cancelStatement(); }};
+  Watchdog watchdog_{[this] { link_.cancelStatement(); }, [this] { link_.breakOff(); }};
 };
 
 }  // namespace qvn::data::firebird

@@ -26,6 +26,8 @@ class AnswerWait {
 
   /// True once the time allowed has passed without an answer.
   [[nodiscard]] bool timedOut() const { return timedOut_; }
+  /// True once the server did not answer the order to end the statement either.
+  [[nodiscard]] bool wasBrokenOff() const { return wasBrokenOff_; }
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -37,6 +39,7 @@ class AnswerWait {
   const MysqlLink& link_;
   std::optional<Clock::time_point> deadline_;
   bool timedOut_ = false;
+  bool wasBrokenOff_ = false;
 };
 
 }  // namespace qvn::data::mysql

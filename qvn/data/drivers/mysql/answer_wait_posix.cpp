@@ -52,6 +52,7 @@ void AnswerWait::runOutOfTime() noexcept {
     deadline_ = Clock::now() + kGrace;
   } else {
     link_.breakOff();
+    wasBrokenOff_ = true;
     deadline_.reset();
   }
 }

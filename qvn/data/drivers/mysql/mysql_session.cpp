@@ -53,7 +53,7 @@ StatementResult MysqlSession::execute(std::string_view sql) {
     result = run(sql, wait);
     if (!wait.timedOut()) return result;
   } catch (const ProviderError& error) {
-    if (!wait.timedOut()) throw;
+    if (!wait.timedOut() || wait.wasBrokenOff()) throw;
     reported = error.errors().front();
   }
   const bool isInForce = !reported && result.cursor == nullptr;

@@ -45,14 +45,6 @@ ProviderError connectError(SQLHDBC connection, const Target& target) {
   return ProviderError(std::move(items));
 }
 
-// FreeTDS has no code for a connection that was reset, only "Unknown error".
-ProviderError asLost(const ProviderError& error) {
-  std::vector<ErrorItem> items = error.errors();
-  items.front().number = provider_number::kUnspecified;
-  items.front().sqlState = "08S01";
-  return ProviderError(std::move(items));
-}
-
 }  // namespace
 
 OdbcLink::OdbcLink(const Target& target, std::chrono::seconds connectTimeout)
@@ -89,10 +81,19 @@ StatementHandle OdbcLink::newStatement() const {
 
 ProviderError OdbcLink::statementError(SQLHSTMT statement, std::string_view doing) {
   ProviderError error = lastError(SQL_HANDLE_STMT, statement, engine_, doing);
-  if (error.number() != provider_number::kUnspecified && saysItIsDead()) error = asLost(error);
+  // FreeTDS has no code for a connection that was reset, only "Unknown error".
+  if (error.number() != provider_number::kUnspecified && saysItIsDead()) error = lostError(error);
   // A damaged file is no lost connection: another statement may read what is sound.
   if (error.number() == provider_number::kUnspecified && engine_ != EngineKind::Sqlite) isLost_ = true;
   return error;
+}
+
+ProviderError OdbcLink::lostError(const ProviderError& reported) {
+  isLost_ = true;
+  std::vector<ErrorItem> items = reported.errors();
+  items.front().number = provider_number::kUnspecified;
+  items.front().sqlState = "08S01";
+  return ProviderError(std::move(items));
 }
 
 bool OdbcLink::saysItIsDead() const {

@@ -32,6 +32,8 @@ class OdbcLink {
   [[nodiscard]] StatementHandle newStatement() const;
   /// The error of a statement's last call. After a lost connection every further statement fails at once.
   [[nodiscard]] ProviderError statementError(SQLHSTMT statement, std::string_view doing);
+  /// What the driver reported, as a lost connection: from now on every further statement fails at once.
+  [[nodiscard]] ProviderError lostError(const ProviderError& reported);
   /// Throws ProviderError kUnspecified when the connection was lost before.
   void requireAlive() const;
 

@@ -26,10 +26,8 @@ ProviderError timeoutError(std::chrono::seconds timeout, const ProviderError& re
 
 }  // namespace
 
-OdbcSession::OdbcSession(const ConnectRequest& request) : OdbcSession(odbcTarget(request), request) {}
-
-OdbcSession::OdbcSession(const Target& target, const ConnectRequest& request)
-    : isReadOnly_(target.isReadOnly), link_(target, request.connectTimeout), timeout_(request.commandTimeout) {
+OdbcSession::OdbcSession(const ConnectRequest& request)
+    : link_(odbcTarget(request), request.connectTimeout), timeout_(request.commandTimeout) {
   limitLockWait();
 }
 
@@ -67,31 +65,47 @@ void OdbcSession::requireExecutable(std::string_view sql) const {
   if (sql.size() > static_cast<std::size_t>(std::numeric_limits<SQLINTEGER>::max())) {
     throw ownError(provider_number::kStatementRefused, "54000", "La sentencia es demasiado larga");
   }
-  if (isReadOnly_ && !equalIgnoringCase(firstWord(sql), "SELECT")) {
+  if (link_.engine() == EngineKind::Access && !equalIgnoringCase(firstWord(sql), "SELECT")) {
     throw ownError(provider_number::kNotSupported, "0A000",
                    "Los archivos de Access sólo se pueden leer; la sentencia no se ejecutó");
   }
-  // The driver would run some second statements and drop others without a word.
-  if (link_.engine() == EngineKind::Sqlite && hasSecondStatement(sql)) {
+}
+
+std::string_view OdbcSession::executable(std::string_view sql) const {
+  requireExecutable(sql);
+  if (link_.engine() != EngineKind::Sqlite) return sql;
+  // The driver would run some second statements and drop others without a word, and it refuses a comment behind ";".
+  const SplitStatement split = splitStatement(sql);
+  if (split.hasSecond) {
     throw ownError(provider_number::kStatementRefused, "42000",
                    "El texto lleva más de una sentencia; ejecútelas una por una");
   }
+  return split.first;
 }
 
 StatementResult OdbcSession::execute(std::string_view sql) {
   if (OdbcCursor* const reader = link_.reader()) reader->releaseLink();
-  requireExecutable(sql);
+  sql = executable(sql);
   // Outlives the watch, so that nothing cancels a handle that is gone.
   const StatementHandle statement = link_.newStatement();
   running_ = statement.get();
+  limitSilence(statement.get());
   const Watchdog::Watch watch(watchdog_, timeout_);
   try {
     return runPatiently(statement, sql);
   } catch (const ProviderError& error) {
+    if (watch.wasBrokenOff()) throw link_.lostError(error);
     if (!watch.wasCancelled()) throw;
     absorbCancel();
     throw timeoutError(timeout_, error);
   }
+}
+
+void OdbcSession::limitSilence(SQLHSTMT statement) const {
+  if (link_.engine() != EngineKind::SqlServer || timeout_.count() == 0) return;
+  // Behind the watchdog, which then knows that the server stayed silent.
+  const std::chrono::seconds limit = timeout_ + Watchdog::kGrace + std::chrono::seconds{1};
+  SQLSetStmtAttr(statement, SQL_ATTR_QUERY_TIMEOUT, attributeValue(static_cast<SQLULEN>(limit.count())), 0);
 }
 
 StatementResult OdbcSession::runPatiently(const StatementHandle& statement, std::string_view sql) {

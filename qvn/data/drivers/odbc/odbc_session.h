@@ -25,13 +25,15 @@ class OdbcSession final : public Session {
   [[nodiscard]] std::string literal(const Variant& value, FieldType type) const override;
 
  private:
-  OdbcSession(const Target& target, const ConnectRequest& request);
-
   // Lets the engine end a wait for another session's row before the statement's own time is over, so that the error
   // tells what it was that took so long.
   void limitLockWait();
   [[nodiscard]] std::chrono::seconds lockWait() const;
   void requireExecutable(std::string_view sql) const;
+  // The part of the text that is handed to the driver. Throws ProviderError when it may not be run.
+  [[nodiscard]] std::string_view executable(std::string_view sql) const;
+  // Lets FreeTDS give up a server that does not even answer the order to end a statement.
+  void limitSilence(SQLHSTMT statement) const;
   StatementResult run(const StatementHandle& statement, std::string_view sql);
   // Repeats a statement that met another session's lock, where the driver itself must not wait for it.
   StatementResult runPatiently(const StatementHandle& statement, std::string_view sql);
@@ -39,7 +41,6 @@ class OdbcSession final : public Session {
   void absorbCancel();
   std::int64_t lastNumber();
 
-  bool isReadOnly_;
   OdbcLink link_;
   std::chrono::seconds timeout_;
   std::atomic<SQLHSTMT> running_ = nullptr;  // what the watchdog may cancel

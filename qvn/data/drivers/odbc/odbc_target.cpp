@@ -48,6 +48,14 @@ void appendCredentials(std::string& text, const ConnectRequest& request) {
 // "tcp:server\instance,1433" without its protocol.
 std::string_view serverName(std::string_view server) { return beginsWith(server, "tcp:") ? server.substr(4) : server; }
 
+// "." and "(local)" are this machine, also in front of an instance's name.
+std::string withoutLocalName(std::string_view server) {
+  const std::size_t end = std::min(server.find('\\'), server.size());
+  const std::string_view host = server.substr(0, end);
+  const bool isLocal = host == "." || equalIgnoringCase(host, "(local)");
+  return std::string(isLocal ? "localhost" : host).append(server.substr(end));
+}
+
 Target sqlServerTarget(const ConnectRequest& request) {
   const std::string given = request.parameters.value({"Server", "Data Source", "Address"}).value_or("");
   std::string_view server = serverName(given);
@@ -64,7 +72,7 @@ Target sqlServerTarget(const ConnectRequest& request) {
   } else if (server.find('\\') == std::string_view::npos) {
     append(text, "PORT", "1433");
   }
-  append(text, "SERVER", server == "(local)" || server == "." ? "localhost" : server);
+  append(text, "SERVER", withoutLocalName(server));
   if (const auto database = request.parameters.value({"Database", "Initial Catalog"})) {
     append(text, "DATABASE", *database);
   }
@@ -89,7 +97,7 @@ Target accessTarget(const ConnectRequest& request) {
   }
   const std::filesystem::path file = hostPath(path);
   requireAccessFile(file, accessPassword(request));
-  Target target{{}, file.string(), "odbc-mdbtools", true};
+  Target target{{}, file.string(), "odbc-mdbtools"};
   append(target.connectionString, "DRIVER", registeredDriver("MDBTools", "libmdbodbc.so"));
   append(target.connectionString, "DBQ", file.string());
   return target;
@@ -113,6 +121,11 @@ constexpr auto kHabits = std::to_array<DriverHabit>({
     {"mdb", "odbc-mdbtools", ""},
 });
 
+// Under the provider that stands for the driver manager, "Data Source" is the name of a source that it knows.
+bool namesSource(const ConnectRequest& request, std::string_view part) {
+  return equalIgnoringCase(part, "Data Source") && !request.parameters.value({"DSN", "Driver"});
+}
+
 Target otherTarget(const ConnectRequest& request) {
   Target target;
   std::string& text = target.connectionString;
@@ -126,9 +139,11 @@ Target otherTarget(const ConnectRequest& request) {
     const bool isRepeated = std::any_of(part + 1, parts.end(),
                                         [&](const auto& later) { return equalIgnoringCase(later.name, part->name); });
     if (isRepeated || isCredential(part->name) || equalIgnoringCase(part->name, "Provider")) continue;
-    append(text, part->name, part->value);
+    const bool isFile = equalIgnoringCase(part->name, "DBQ");
+    append(text, namesSource(request, part->name) ? "DSN" : part->name,
+           isFile ? hostPath(part->value).string() : part->value);
   }
-  target.shownName = request.parameters.value({"DSN", "Driver"}).value_or("");
+  target.shownName = request.parameters.value({"DSN", "Driver", "Data Source"}).value_or("");
   if (target.shownName.empty()) {
     throw ProviderError(
         provider_number::kBadConnectionString,
@@ -138,7 +153,9 @@ Target otherTarget(const ConnectRequest& request) {
   for (const DriverHabit& habit : kHabits) {
     if (!contains(driver, habit.word)) continue;
     target.debianPackage = habit.debianPackage;
-    target.isReadOnly = habit.word == "mdb";
+    if (const auto file = request.parameters.value({"DBQ"}); file && habit.word == "mdb") {
+      requireAccessFile(hostPath(*file), accessPassword(request));
+    }
     const std::string_view first = habit.settings.substr(0, habit.settings.find('='));
     // One driver reads its number under two names.
     if (first.empty() || !request.parameters.value({first, "OPTION"})) text.append(habit.settings);

@@ -11,7 +11,6 @@ struct Target {
   std::string connectionString;  ///< for the driver manager, with the password
   std::string shownName;         ///< for messages: server or file, or the driver's name
   std::string debianPackage;     ///< that brings the ODBC driver; "" when it is not known
-  bool isReadOnly = false;       ///< the driver would ignore what a statement writes
 };
 
 /// True when the connection string is for this driver.

@@ -46,19 +46,16 @@ std::string_view firstWord(std::string_view sql) {
   return sql.substr(0, static_cast<std::size_t>(std::ranges::find_if_not(sql, isLetter) - sql.begin()));
 }
 
-bool hasSecondStatement(std::string_view sql) {
-  while (!sql.empty()) {
-    if (sql.front() == ';') {
-      sql.remove_prefix(1);
-      sql = withoutLead(sql);
-      if (!sql.empty() && sql.front() != ';') return true;
-      continue;
-    }
-    std::size_t length = quotedLength(sql);
-    if (length == 0) length = commentLength(sql);
-    sql.remove_prefix(std::max<std::size_t>(length, 1));
+SplitStatement splitStatement(std::string_view sql) {
+  std::string_view rest = sql;
+  while (!rest.empty() && rest.front() != ';') {
+    std::size_t length = quotedLength(rest);
+    if (length == 0) length = commentLength(rest);
+    rest.remove_prefix(std::max<std::size_t>(length, 1));
   }
-  return false;
+  const std::string_view first = sql.substr(0, sql.size() - rest.size());
+  while (rest.starts_with(';')) rest = withoutLead(rest.substr(1));
+  return {first, !rest.empty()};
 }
 
 }  // namespace qvn::data::odbc

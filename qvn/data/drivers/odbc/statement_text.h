@@ -8,8 +8,11 @@ namespace qvn::data::odbc {
 /// The first word behind blanks and comments.
 std::string_view firstWord(std::string_view sql);
 
-/// True when something else than blanks and comments follows a ";" that stands outside texts, quoted names and
-/// comments.
-bool hasSecondStatement(std::string_view sql);
+/// The text up to its first ";" outside texts, quoted names and comments, and what follows that.
+struct SplitStatement {
+  std::string_view first;
+  bool hasSecond = false;  ///< something else than blanks, comments and ";" follows
+};
+SplitStatement splitStatement(std::string_view sql);
 
 }  // namespace qvn::data::odbc

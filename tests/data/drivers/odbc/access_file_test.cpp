@@ -32,6 +32,10 @@ class AccessFile : public testing::Test {
     std::ofstream(file, std::ios::binary) << bytes;
     return file;
   }
+  static std::unique_ptr<data::Session> openByDriver(const std::string& file, const std::string& more = {}) {
+    const data::ConnectionString parameters("Driver=MDBTools;DBQ=" + file + more);
+    return data::odbcDriver()->connect({parameters, {}, {}, {}});
+  }
   static std::unique_ptr<data::Session> open(const std::string& file, const std::string& more = {},
                                              const data::PropertyBag& properties = {}) {
     const data::ConnectionString parameters("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + file + more);
@@ -64,6 +68,7 @@ TEST_F(AccessFile, ThePasswordIsThatOfTheFile) {
     const std::string file = make(row.stored);
     const std::string inText = std::string(";") + kPasswordName + "=" + row.given;
     EXPECT_EQ(errorNumber([&] { open(file, inText); }), row.expected);
+    EXPECT_EQ(errorNumber([&] { openByDriver(file, inText); }), row.expected);
     data::PropertyBag properties;
     properties.set(kPasswordName, row.given);
     EXPECT_EQ(errorNumber([&] { open(file, std::string(";") + kPasswordName + "=nada", properties); }), row.expected);
@@ -146,10 +151,12 @@ TEST_F(AccessFile, NothingIsWritten) {
   const std::string file = make();
   const std::string before = contents(file);
   const auto session = open(file);
+  const auto byDriver = openByDriver(file);
   for (const char* const sql :
        {"INSERT INTO prods (articulo) VALUES ('C3')", "update prods set nivel = 1", "DELETE FROM prods",
         "DROP TABLE prods", " -- SELECT\nCREATE TABLE t (i INTEGER)", "/* SELECT */ DELETE FROM prods", "SET a = 1"}) {
     EXPECT_EQ(errorNumber([&] { session->execute(sql); }), number::kNotSupported) << sql;
+    EXPECT_EQ(errorNumber([&] { byDriver->execute(sql); }), number::kNotSupported) << sql;
   }
   EXPECT_TRUE(contents(file) == before);
   EXPECT_EQ(remaining(*session->execute("\n select articulo FROM prods").cursor).size(), 2U);

@@ -57,6 +57,8 @@ TEST(OdbcTarget, SqlServer) {
       {"instance and port", R"(Server=tcp:caja\v,1500)", R"(PORT=1500;SERVER=caja\v;)" + protocol, R"(caja\v,1500)"},
       {"this machine", "Server=(local)", "PORT=1433;SERVER=localhost;" + protocol, "(local)"},
       {"this machine's port", "Server=.,1500", "PORT=1500;SERVER=localhost;" + protocol, ".,1500"},
+      {"its instance", R"(Server=.\ventas)", R"(SERVER=localhost\ventas;)" + protocol, R"(.\ventas)"},
+      {"its other name", R"(Server=(LOCAL)\v)", R"(SERVER=localhost\v;)" + protocol, R"((LOCAL)\v)"},
       {"other names", "Data Source=caja;Initial Catalog=mi tienda",
        "PORT=1433;SERVER=caja;DATABASE=mi tienda;" + protocol, "caja"},
       {"who connects", "Server=caja;Database=t;User ID=pos;Password=a",
@@ -82,6 +84,7 @@ TEST(OdbcTarget, OtherDrivers) {
       {"credentials under their names for the manager", "User=pos;Password=a;DSN=Tienda", "DSN=Tienda;UID=pos;PWD=a;",
        "Tienda"},
       {"a provider that stands for the manager", "Provider=MSDASQL;DSN=Tienda", "DSN=Tienda;", "Tienda"},
+      {"whose source has its provider's name", "Provider=MSDASQL;Data Source=Tienda", "DSN=Tienda;", "Tienda"},
       {"an unknown driver gets nothing", "Driver=Otro;Server=caja", "Driver=Otro;Server=caja;", "Otro"},
   };
   for (const Row& row : rows) check(row);

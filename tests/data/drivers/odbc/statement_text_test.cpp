@@ -30,17 +30,18 @@ TEST(StatementText, FirstWord) {
 TEST(StatementText, SecondStatement) {
   struct Row {
     const char* sql;
-    bool expected;
+    bool hasSecond;
+    const char* first = nullptr;  // null: the whole text
   };
   static constexpr Row kRows[] = {
-      {"SELECT 1; SELECT 2", true},
-      {"SELECT 1;;SELECT 2", true},
-      {"SELECT 1;/* y */DELETE FROM t", true},
-      {"SELECT ''';'; SELECT 2", true},
-      {"SELECT 1 -- ;\n; SELECT 2", true},
-      {"SELECT 1;", false},
-      {"SELECT 1 ; \n -- fin;\n ;", false},
-      {"SELECT 1; /* SELECT 2", false},
+      {"SELECT 1; SELECT 2", true, "SELECT 1"},
+      {"SELECT 1;;SELECT 2", true, "SELECT 1"},
+      {"SELECT 1;/* y */DELETE FROM t", true, "SELECT 1"},
+      {"SELECT ''';'; SELECT 2", true, "SELECT ''';'"},
+      {"SELECT 1 -- ;\n; SELECT 2", true, "SELECT 1 -- ;\n"},
+      {"SELECT 1;", false, "SELECT 1"},
+      {"SELECT 1 ; \n -- fin;\n ;", false, "SELECT 1 "},
+      {"SELECT 1; /* SELECT 2", false, "SELECT 1"},
       {"SELECT 'a;b'", false},
       {"SELECT 'a'';b'", false},
       {"SELECT \"a;b\", `c;d`", false},
@@ -48,7 +49,11 @@ TEST(StatementText, SecondStatement) {
       {"SELECT 1 /* ; */ + 2 -- ; SELECT 2", false},
       {"", false},
   };
-  for (const Row& row : kRows) EXPECT_EQ(hasSecondStatement(row.sql), row.expected) << row.sql;
+  for (const Row& row : kRows) {
+    const SplitStatement split = splitStatement(row.sql);
+    EXPECT_EQ(split.hasSecond, row.hasSecond) << row.sql;
+    EXPECT_EQ(split.first, row.first == nullptr ? row.sql : row.first);
+  }
 }
 
 TEST(StatementText, SingleTable) {

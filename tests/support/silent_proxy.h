@@ -1,0 +1,32 @@
+// A way to a server that can go silent: connections stay open and nothing passes any more.
+#pragma once
+
+#include <atomic>
+#include <thread>
+
+namespace qvn::test {
+
+/// Passes what comes to a port of its own on to `serverPort`, both on loopback.
+class SilentProxy {
+ public:
+  explicit SilentProxy(int serverPort);
+  ~SilentProxy();
+  SilentProxy(const SilentProxy&) = delete;
+  SilentProxy& operator=(const SilentProxy&) = delete;
+
+  [[nodiscard]] int port() const { return port_; }
+  /// From now on nothing passes; new connections are taken and not answered.
+  void goSilent() { isSilent_ = true; }
+
+ private:
+  void run() const;
+
+  int serverPort_;
+  int listener_;
+  int port_ = 0;
+  int wake_;  // readable once the proxy ends
+  std::atomic<bool> isSilent_ = false;
+  std::thread thread_;
+};
+
+}  // namespace qvn::test
