@@ -6,17 +6,27 @@
 #include "qvn/core/consecutive.h"
 #include "qvn/core/date_literal.h"
 #include "qvn/core/environment.h"
+#include "qvn/core/error_handler.h"
 #include "qvn/core/existence.h"
+#include "qvn/core/messages.h"
 #include "qvn/core/network_link.h"
+#include "qvn/core/pending_statements.h"
 #include "qvn/core/recordsets.h"
 #include "qvn/core/saved_recordset.h"
+#include "qvn/core/session_values.h"
+#include "qvn/core/working_date.h"
 #include "qvn/data/drivers/built_in.h"
+#include "qvn/dialogs/ask.h"
+#include "qvn/dialogs/default_dialogs.h"
 #include "qvn/ledger/lots.h"
 #include "qvn/ledger/orders.h"
 #include "qvn/ledger/payables.h"
 #include "qvn/ledger/price_history.h"
 #include "qvn/ledger/receivables.h"
 #include "qvn/ledger/stock.h"
+#include "qvn/system/dos_outputs.h"
+#include "qvn/system/shell.h"
+#include "qvn/system/text_file.h"
 #include "qvn/text/account.h"
 #include "qvn/text/arithmetic.h"
 #include "qvn/text/decimal_text.h"
@@ -30,10 +40,10 @@
 
 namespace qvn {
 
-LumLibreria::LumLibreria() : LumLibreria(host::terminalMessageBox()) {}
+LumLibreria::LumLibreria() : LumLibreria(dialogs::defaultDialogs()) {}
 
-LumLibreria::LumLibreria(std::shared_ptr<host::MessageBox> messages, ClockPtr clock)
-    : messages_(std::move(messages)), clock_(std::move(clock)) {
+LumLibreria::LumLibreria(dialogs::DialogsPtr dialogs, ClockPtr clock)
+    : dialogs_(std::move(dialogs)), clock_(std::move(clock)) {
   data::registerBuiltInDrivers();
 }
 
@@ -76,6 +86,74 @@ std::string LumLibreria::FechaSQL(const Variant& dFecha, const ConnectionPtr& Co
 }
 data::ConnectionPtr LumLibreria::AbreConnection(std::string_view cBase) const { return core::AbreConnection(cBase); }
 
+void LumLibreria::MyMessage(std::string_view strMensaje) const { dialogs::MyMessage(strMensaje, *dialogs_); }
+void LumLibreria::Alerta(std::string_view strMensaje) const { dialogs::Alerta(strMensaje, *dialogs_); }
+bool LumLibreria::Question(std::string_view strMensaje, std::int16_t DefaultButton) const {
+  return dialogs::Question(strMensaje, DefaultButton, *dialogs_);
+}
+std::int16_t LumLibreria::Question2(std::string_view strMensaje, std::int16_t DefaultButton) const {
+  return dialogs::Question2(strMensaje, DefaultButton, *dialogs_);
+}
+std::int16_t LumLibreria::MyMessage2(std::string_view strMensaje, std::int16_t DefaultButton) const {
+  return dialogs::MyMessage2(strMensaje, DefaultButton);
+}
+std::string LumLibreria::MyInputBox(std::string_view strMensaje) const {
+  return dialogs::MyInputBox(strMensaje, *dialogs_);
+}
+std::string LumLibreria::MyInputPasswordBox(std::string_view strMensaje, const host::AmbientePtr& Ambiente) const {
+  return dialogs::MyInputPasswordBox(strMensaje, Ambiente, *dialogs_);
+}
+void LumLibreria::MuestraVentanaDeAyuda(const std::shared_ptr<Object>& Forma, const host::AmbientePtr& Ambiente) const {
+  dialogs::MuestraVentanaDeAyuda(Forma, Ambiente);
+}
+std::string LumLibreria::TecladoVirtualV2(std::string_view strTexto) const { return dialogs_->keyboard(strTexto); }
+
+std::string LumLibreria::Mensaje(std::int32_t nId, const host::AmbientePtr& Ambiente) const {
+  return core::Mensaje(nId, Ambiente);
+}
+void LumLibreria::CuadroDeMensajes(std::string_view cMensaje, std::int32_t nTipo) const {
+  core::CuadroDeMensajes(cMensaje, nTipo, *dialogs_);
+}
+void LumLibreria::SetSessionValue(const host::AmbientePtr& Ambiente, const Variant& key, const Variant& value) const {
+  core::SetSessionValue(Ambiente, key, value);
+}
+Variant LumLibreria::GetSessionValue(const host::AmbientePtr& Ambiente, const Variant& key) const {
+  return core::GetSessionValue(Ambiente, key);
+}
+Date LumLibreria::FechaDeTrabajo(std::int32_t nYear, std::int32_t Month) const {
+  return core::FechaDeTrabajo(nYear, Month, *clock_);
+}
+bool LumLibreria::validaFechaDeTrabajo(Date dFecha, const host::AmbientePtr& Ambiente,
+                                       const Variant& bolMensajes) const {
+  return core::validaFechaDeTrabajo(dFecha, Ambiente, bolMensajes, *dialogs_);
+}
+std::string LumLibreria::mb(const ConnectionPtr& Connection) const { return core::mb(Connection); }
+void LumLibreria::Dormir(std::int32_t nMSegundos) const { core::Dormir(nMSegundos, *clock_); }
+
+bool LumLibreria::Err_Handler(const host::AmbientePtr& Ambiente, std::string_view ModuleName, std::string_view ProcName,
+                              std::string_view ErrorDesc, std::int32_t errNumber) const {
+  return core::Err_Handler(Ambiente, ModuleName, ProcName, ErrorDesc, errNumber, *dialogs_, *clock_);
+}
+void LumLibreria::Agregar(const RecordsetPtr& rst) const { core::Agregar(rst, *dialogs_); }
+void LumLibreria::flushQueryCollection(const host::QueryPtr& Query, host::PendingStatementsHost& host) const {
+  core::flushQueryCollection(Query, host);
+}
+
+std::int32_t LumLibreria::ShellRun(const Variant& window, std::string_view operation, std::string_view file,
+                                   std::string_view parameters, std::string_view directory,
+                                   std::int32_t showCommand) const {
+  return system::ShellRun(window, operation, file, parameters, directory, showCommand);
+}
+void LumLibreria::ShellCommand(std::string_view command, const Variant& windowStyle) const {
+  system::ShellCommand(command, windowStyle);
+}
+void LumLibreria::CommandToFile(std::string_view commandLine, const Variant& fileName) const {
+  system::CommandToFile(commandLine, fileName);
+}
+void LumLibreria::Out(const Variant& fileName, const Variant& text) const { system::Out(fileName, text); }
+void LumLibreria::OutLine(const Variant& fileName, const Variant& text) const { system::OutLine(fileName, text); }
+void LumLibreria::OutFile(const Variant& fileName, const Variant& text) const { system::OutFile(fileName, text); }
+
 std::int32_t LumLibreria::TraeSiguiente(std::string_view Campo, const ConnectionPtr& Connection,
                                         const Variant& nErrores, host::QueryPtr& Query) const {
   return core::TraeSiguiente(Campo, Connection, nErrores, Query);
@@ -91,7 +169,7 @@ std::int32_t LumLibreria::TraeSiguienteSeguro(std::string_view Campo, const Conn
 }
 
 bool LumLibreria::Conectar() const { return core::Conectar(*core::systemNetworkLinks()); }
-bool LumLibreria::IsConnected() const { return core::IsConnected(*core::systemNetworkLinks(), *messages_); }
+bool LumLibreria::IsConnected() const { return core::IsConnected(*core::systemNetworkLinks(), *dialogs_); }
 std::string LumLibreria::GetUserNameW() const { return core::GetUserNameW(); }
 double LumLibreria::OsVersion() const { return core::OsVersion(); }
 bool LumLibreria::IsDevEnv() const { return core::IsDevEnv(); }

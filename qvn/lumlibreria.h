@@ -21,10 +21,11 @@
 #include "qvn/base/clock.h"
 #include "qvn/base/variant.h"
 #include "qvn/data/connection.h"
+#include "qvn/dialogs/dialogs.h"
 #include "qvn/host/ambiente.h"
 #include "qvn/host/collection.h"
 #include "qvn/host/file_system_object.h"
-#include "qvn/host/message_box.h"
+#include "qvn/host/pending_statements.h"
 #include "qvn/host/query.h"
 #include "qvn/host/text_box.h"
 
@@ -35,9 +36,9 @@ class LumLibreria {
   using ConnectionPtr = data::ConnectionPtr;
   using RecordsetPtr = data::RecordsetPtr;
 
-  /// With the message box of the terminal.
+  /// With windows when the host has them, else with the dialogs of the terminal.
   LumLibreria();
-  explicit LumLibreria(std::shared_ptr<host::MessageBox> messages, ClockPtr clock = systemClock());
+  explicit LumLibreria(dialogs::DialogsPtr dialogs, ClockPtr clock = systemClock());
 
   // Recordsets: qvn/core/recordsets.h and saved_recordset.h
 
@@ -61,6 +62,46 @@ class LumLibreria {
 
   std::string FechaSQL(const Variant& dFecha, const ConnectionPtr& Connection) const;
   ConnectionPtr AbreConnection(std::string_view cBase) const;
+
+  // Dialogs: qvn/dialogs/ask.h
+
+  void MyMessage(std::string_view strMensaje) const;
+  void Alerta(std::string_view strMensaje) const;
+  bool Question(std::string_view strMensaje, std::int16_t DefaultButton = 1) const;
+  std::int16_t Question2(std::string_view strMensaje, std::int16_t DefaultButton = 1) const;
+  std::int16_t MyMessage2(std::string_view strMensaje, std::int16_t DefaultButton = 1) const;
+  std::string MyInputBox(std::string_view strMensaje) const;
+  std::string MyInputPasswordBox(std::string_view strMensaje, const host::AmbientePtr& Ambiente) const;
+  void MuestraVentanaDeAyuda(const std::shared_ptr<Object>& Forma, const host::AmbientePtr& Ambiente) const;
+  std::string TecladoVirtualV2(std::string_view strTexto) const;
+
+  // Messages, session values, working date: qvn/core/messages.h, session_values.h and working_date.h
+
+  std::string Mensaje(std::int32_t nId, const host::AmbientePtr& Ambiente) const;
+  void CuadroDeMensajes(std::string_view cMensaje, std::int32_t nTipo) const;
+  void SetSessionValue(const host::AmbientePtr& Ambiente, const Variant& key, const Variant& value) const;
+  Variant GetSessionValue(const host::AmbientePtr& Ambiente, const Variant& key) const;
+  Date FechaDeTrabajo(std::int32_t nYear, std::int32_t Month) const;
+  bool validaFechaDeTrabajo(Date dFecha, const host::AmbientePtr& Ambiente, const Variant& bolMensajes) const;
+  std::string mb(const ConnectionPtr& Connection) const;
+  void Dormir(std::int32_t nMSegundos) const;
+
+  // Errors: qvn/core/error_handler.h and pending_statements.h
+
+  bool Err_Handler(const host::AmbientePtr& Ambiente, std::string_view ModuleName, std::string_view ProcName,
+                   std::string_view ErrorDesc, std::int32_t errNumber) const;
+  void Agregar(const RecordsetPtr& rst) const;
+  void flushQueryCollection(const host::QueryPtr& Query, host::PendingStatementsHost& host) const;
+
+  // Commands, documents and text files: qvn/system/dos_outputs.h, shell.h and text_file.h
+
+  std::int32_t ShellRun(const Variant& window, std::string_view operation, std::string_view file,
+                        std::string_view parameters, std::string_view directory, std::int32_t showCommand) const;
+  void ShellCommand(std::string_view command, const Variant& windowStyle) const;
+  void CommandToFile(std::string_view commandLine, const Variant& fileName) const;
+  void Out(const Variant& fileName, const Variant& text) const;
+  void OutLine(const Variant& fileName, const Variant& text) const;
+  void OutFile(const Variant& fileName, const Variant& text) const;
 
   // Document numbers: qvn/core/consecutive.h
 
@@ -189,7 +230,7 @@ class LumLibreria {
                      double precio9 = 0, double precio10 = 0, const host::AmbientePtr& Ambiente = nullptr) const;
 
  private:
-  std::shared_ptr<host::MessageBox> messages_;
+  dialogs::DialogsPtr dialogs_;
   ClockPtr clock_;
 };
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string_view>
 
 namespace qvn::host {
@@ -14,8 +13,5 @@ class MessageBox {
   /// button alone; an empty `title` leaves the choice of one to the box.
   virtual void show(std::string_view text, std::int32_t style, std::string_view title) = 0;
 };
-
-/// Writes the text and a line end to standard error and does not wait; style and title are not shown.
-std::shared_ptr<MessageBox> terminalMessageBox();
 
 }  // namespace qvn::host

@@ -20,7 +20,7 @@ void Query::Ejecuta() {
   } catch (const RuntimeError& error) {
     failed_ = true;
     errorText_ = error.description();
-    throw;
+    if (!isCollecting_) throw;
   }
 }
 

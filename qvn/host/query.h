@@ -24,9 +24,13 @@ class Query : public Object {
 
   /// Runs what it holds, in the order in which it was taken, and is empty afterwards, also when a statement fails:
   /// those before it are in force then, those after it are dropped.
-  /// @throws ProviderError  the first failure
-  /// @throws RuntimeError   91 when no connection was set
+  /// @throws ProviderError  the first failure, unless failures are collected
+  /// @throws RuntimeError   91 when no connection was set, likewise
   virtual void Ejecuta();
+
+  /// While it is set, a failing Ejecuta raises nothing: Fallo and Error tell it.
+  void setRecolecta(bool isCollecting) { isCollecting_ = isCollecting; }
+  [[nodiscard]] bool Recolecta() const { return isCollecting_; }
 
   /// Whether the last Ejecuta failed, and the error's text ("" when it did not).
   [[nodiscard]] bool Fallo() const { return failed_; }
@@ -35,6 +39,7 @@ class Query : public Object {
  private:
   data::ConnectionPtr connection_;
   std::vector<std::string> statements_;
+  bool isCollecting_ = false;
   bool failed_ = false;
   std::string errorText_;
 };

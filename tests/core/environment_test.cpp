@@ -10,6 +10,7 @@
 
 #include "tests/support/error_of.h"
 #include "tests/support/locale_guard.h"
+#include "tests/support/recorded_messages.h"
 
 namespace qvn::core {
 namespace {
@@ -23,14 +24,6 @@ class FixedLinks final : public NetworkLinks {
 
  private:
   Found found_;
-};
-
-class RecordedMessages final : public host::MessageBox {
- public:
-  void show(std::string_view text, std::int32_t style, std::string_view title) override {
-    shown.push_back(std::string(text) + "|" + std::to_string(style) + "|" + std::string(title));
-  }
-  std::vector<std::string> shown;
 };
 
 TEST(OsVersion, IsMajorPointMinorInEveryLocale) {
@@ -148,7 +141,7 @@ TEST(ConnectionProbes, AnswerFromTheInterfaces) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.why);
     FixedLinks links(row.links);
-    RecordedMessages messages;
+    test::RecordedMessages messages;
     EXPECT_EQ(Conectar(links), row.canReach);
     EXPECT_EQ(IsConnected(links, messages), row.isDialled);
     EXPECT_TRUE(messages.shown.empty());
@@ -157,14 +150,10 @@ TEST(ConnectionProbes, AnswerFromTheInterfaces) {
 
 TEST(ConnectionProbes, OnlyIsConnectedTellsThatTheSystemRefused) {
   FixedLinks refused(std::nullopt);
-  RecordedMessages messages;
+  test::RecordedMessages messages;
   EXPECT_FALSE(Conectar(refused));
   EXPECT_FALSE(IsConnected(refused, messages));
   EXPECT_EQ(messages.shown, std::vector<std::string>{"ERROR|0|"});
-
-  testing::internal::CaptureStderr();
-  IsConnected(refused, *host::terminalMessageBox());
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "ERROR\n");
 }
 
 TEST(NetworkLinks, ListsEachInterfaceOfTheSystemOnce) {

@@ -5,6 +5,7 @@
 #include "qvn/ledger/price_history.h"
 #include "tests/ledger/shop.h"
 #include "tests/support/error_of.h"
+#include "tests/support/fixed_clock.h"
 
 namespace qvn::ledger {
 namespace {
@@ -96,12 +97,6 @@ TEST_P(Lots, StatementsAndFailures) {
   EXPECT_EQ(errorNumber([&] { RegresaLotes(7, nullptr); }), error_number::kObjectNotSet);
 }
 
-class FixedClock final : public Clock {
- public:
-  Date now() override { return Date::fromCivil(2012, 3, 7, {9, 5, 3}); }
-  void sleep(std::chrono::milliseconds /*time*/) override {}
-};
-
 TEST_P(Lots, PriceChangesAreRecordedWhole) {
   std::string oldPrices;
   std::string columns;
@@ -122,7 +117,7 @@ TEST_P(Lots, PriceChangesAreRecordedWhole) {
   const auto ambiente = std::make_shared<host::SimpleAmbiente>(shop_.connection());
   ambiente->setSucursal(3);
   ambiente->setUsuario("O'Hara");
-  const auto clock = std::make_shared<FixedClock>();
+  const auto clock = std::make_shared<test::FixedClock>(std::vector{Date::fromCivil(2012, 3, 7, {9, 5, 3})});
   SalvaHistCamb("  A1 ", {10.5, 0, 0, 0, 0, 0, 0, 0, 0, 99.99}, ambiente, clock);
   EXPECT_EQ(
       shop_.row("SELECT articulo, sucursal, existencia, usuario, usuhora, precio1, precio2, precio10, precioold1, "
