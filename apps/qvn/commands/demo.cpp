@@ -18,8 +18,8 @@ namespace {
 
 constexpr std::string_view kDescription = R"(
 Crea la base de datos de una tienda pequeña (clientes, documentos por cobrar en
-dos monedas, pagos, artículos, pedidos, órdenes de compra, lotes y documentos por
-pagar) y llama a la biblioteca como lo hacen sus pantallas. Muestra antes y
+dos monedas, pagos, artículos, pedidos, órdenes de compra, lotes y documentos
+por pagar) y llama a la biblioteca como lo hacen sus pantallas. Muestra antes y
 después:
   - el pago de un cliente: ActualizaPorAplicar y ActualizaSaldo
   - un pedido que se surte en dos pasos: ActualizaPorSurtir
