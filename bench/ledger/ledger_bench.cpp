@@ -127,7 +127,7 @@ void registerSide(const std::string& name, const Shop& shop, std::function<std::
       side->call(next++);
     }
   };
-  benchmark::RegisterBenchmark(name.c_str(), turn)->Unit(benchmark::kMicrosecond)->MinTime(0.1);
+  benchmark::RegisterBenchmark(name.c_str(), turn)->Unit(benchmark::kMicrosecond)->MinTime(0.1)->UseRealTime();
 }
 
 void registerMethods(const Engine& engine) {
