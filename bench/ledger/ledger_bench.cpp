@@ -55,7 +55,7 @@ std::string databaseOf(const Engine& engine, const LedgerMethod& method, const c
 }
 
 ConnectionPtr connect(const Engine& engine) {
-  const ConnectionPtr connection = Connection::create();
+  ConnectionPtr connection = Connection::create();
   connection->Open(engine.connectionString);
   return connection;
 }
