@@ -1,6 +1,7 @@
 #include "apps/qvn/order_line.h"
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "apps/qvn/connect.h"
@@ -11,6 +12,13 @@
 
 namespace qvn::cli {
 namespace {
+
+struct LineQuantity {
+  std::string product;
+  std::int32_t line;
+  double quantity;
+  bool changesProducts;
+};
 
 struct Place {
   const OrderKind& kind;
@@ -73,8 +81,7 @@ void requireQuotable(const LineQuantity& given) {
 
 }  // namespace
 
-ExitStatus applyToLine(const OrderKind& kind, const ApplyQuantity& apply, const Arguments& arguments,
-                       Context& context) {
+ExitStatus applyToLine(const OrderKind& kind, const Arguments& arguments, Context& context) {
   if (arguments.operands().size() != 2) throw UsageError("se esperan una partida y una cantidad");
   LineQuantity given{"", keyOperand(arguments.operands()[0], "un número de partida"),
                      decimalOperand(arguments.operands()[1], "una cantidad"),
@@ -94,7 +101,8 @@ ExitStatus applyToLine(const OrderKind& kind, const ApplyQuantity& apply, const 
   TableWriter table(context.out, titles(kind, given));
   table.add(lineCells("antes", place, given));
   try {
-    apply(std::make_shared<host::SimpleAmbiente>(connection), given);
+    const auto ambiente = std::make_shared<host::SimpleAmbiente>(connection);
+    (context.library.*kind.apply)(ambiente, given.product, given.line, given.quantity, given.changesProducts);
   } catch (const RuntimeError&) {
     context.messages << "qvn: falló la partida " << std::to_string(given.line)
                      << "; lo que se escribió antes de la falla queda escrito\n";

@@ -28,14 +28,14 @@ class PeerReporter final : public benchmark::ConsoleReporter {
 
   // Speed is the peer's time over ours. The fastest turns tell it with the least of what else the machine did.
   void printRatios() {
-    std::printf("\n%-28s %-14s %12s %12s %8s %14s\n", "group", "peer", "peer median", "qvn median", "speed",
+    std::printf("\n%-34s %-6s %12s %12s %8s %14s\n", "group", "peer", "peer median", "qvn median", "speed",
                 "fastest turns");
     for (auto& [group, byName] : times_) {
       const Times own = summarize(byName[kSubject]);
       for (auto& [name, times] : byName) {
         if (name == kSubject) continue;
         const Times peer = summarize(times);
-        std::printf("%-28s %-14s %12.1f %12.1f %7.2fx %13.2fx\n", group.c_str(), name.c_str(), peer.median, own.median,
+        std::printf("%-34s %-6s %12.1f %12.1f %7.2fx %13.2fx\n", group.c_str(), name.c_str(), peer.median, own.median,
                     peer.median / own.median, peer.fastest / own.fastest);
       }
     }

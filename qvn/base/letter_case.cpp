@@ -60,12 +60,16 @@ char32_t moveCase(char32_t character, const std::array<CaseRange, kCount>& range
   return shifted(character, range->shift);
 }
 
-// Replaces every well-formed character of `text` by `mapped` of it.
+constexpr bool isAscii(char c) noexcept { return static_cast<signed char>(c) >= 0; }
+
+// Puts `text` into `result` with every well-formed character replaced by `mapped` of it; most texts are ASCII alone.
 template <typename Mapping>
-std::string mapCharacters(std::string_view text, Mapping mapped) {
-  std::string result;
-  result.reserve(text.size());
-  for (std::size_t i = 0; i < text.size();) {
+void mapCharacters(std::string_view text, char (*mappedAscii)(char), Mapping mapped, std::string& result) {
+  result.assign(text);
+  std::size_t i = 0;
+  for (; i < result.size() && isAscii(result[i]); ++i) result[i] = mappedAscii(result[i]);
+  result.resize(i);
+  while (i < text.size()) {
     const utf8::Decoded character = utf8::decode(text, i);
     if (character.valid) {
       utf8::append(result, mapped(character.codePoint));
@@ -74,7 +78,6 @@ std::string mapCharacters(std::string_view text, Mapping mapped) {
     }
     i += character.length;
   }
-  return result;
 }
 
 }  // namespace
@@ -90,12 +93,8 @@ char32_t lowerCase(char32_t character) noexcept {
 }
 
 void upperCaseInto(std::string_view text, std::string& upper) {
-  upper.assign(text);
-  std::size_t i = 0;
-  for (; i < upper.size() && static_cast<signed char>(upper[i]) >= 0; ++i) upper[i] = upperAscii(upper[i]);
-  if (i == upper.size()) return;
-  upper.resize(i);
-  upper.append(mapCharacters(text.substr(i), [](char32_t character) { return upperCase(character); }));
+  mapCharacters(
+      text, upperAscii, [](char32_t character) { return upperCase(character); }, upper);
 }
 
 std::string upperCase(std::string_view text) {
@@ -105,13 +104,20 @@ std::string upperCase(std::string_view text) {
 }
 
 std::string lowerCase(std::string_view text) {
-  return mapCharacters(text, [](char32_t character) { return lowerCase(character); });
+  std::string lower;
+  mapCharacters(
+      text, lowerAscii, [](char32_t character) { return lowerCase(character); }, lower);
+  return lower;
 }
 
 bool equalIgnoringCase(std::string_view left, std::string_view right) noexcept {
   if (left == right) return true;
+  const std::size_t common = std::min(left.size(), right.size());
   std::size_t l = 0;
-  std::size_t r = 0;
+  for (; l < common && isAscii(left[l]) && isAscii(right[l]); ++l) {
+    if (upperAscii(left[l]) != upperAscii(right[l])) return false;
+  }
+  std::size_t r = l;
   while (l < left.size() && r < right.size()) {
     const utf8::Decoded a = utf8::decode(left, l);
     const utf8::Decoded b = utf8::decode(right, r);

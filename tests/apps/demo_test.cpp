@@ -59,7 +59,8 @@ TEST_P(DemoOnEngine, SuppliesReceivesReturnsAndChangesPrices) {
        {"2001  C003     PE\n", "40.00     0.00     40.00\n", "2001  C003     SU\n", "40.00    25.00     15.00\n",
         "2001  C003     CE\n", "40.00    40.00      0.00\n", "3001  P014       PE\n", "3001  P014       CE\n",
         "12.00     5.00\n", "12.00     8.00\n", "1290.00  1190.00\n", "1390.00  1285.00\n",
-        "1290.00  1390.00     1190.00  1285.00\n"}) {
+        "1290.00  1390.00     1190.00  1285.00\n", "27580.00\n", "4001  MXN      1.0000     0.00  S\n",
+        "4002  MXN      1.0000  4000.00  P\n", "4000.00\n", "701  25000.00   1420.00\n"}) {
     at = told.find(piece, at);
     ASSERT_NE(at, std::string::npos) << piece << "missing, or too early, in\n" << told;
   }
@@ -67,6 +68,7 @@ TEST_P(DemoOnEngine, SuppliesReceivesReturnsAndChangesPrices) {
   EXPECT_EQ(firstColumn(connection, "SELECT estado FROM pedidos ORDER BY pedido"), "CE PE");
   EXPECT_EQ(firstColumn(connection, "SELECT estado FROM orden"), "CE");
   EXPECT_EQ(firstColumn(connection, "SELECT id FROM slotes"), "3");
+  EXPECT_NEAR(std::stod(firstColumn(connection, "SELECT SUM(saldo) FROM proveed")), 4000 + 500 * 17.05, 0.001);
   EXPECT_EQ(firstColumn(connection, "SELECT consec FROM consec WHERE dato = 'histcamb'"), "1");
   // 5 + 3 and 20 + 8 have gone out of the lots of exit 905; nothing of the third.
   EXPECT_NEAR(std::stod(firstColumn(connection, "SELECT SUM(cantsal) FROM lotes")), 36, 0.001);
@@ -81,6 +83,10 @@ TEST_P(DemoOnEngine, AnOlderMarkCoversTheOlderTablesAlone) {
   expectRun(1, demo(), {"no lo cambió"});
   EXPECT_EQ(firstColumn(connection, "SELECT mio FROM lotes"), "intacto");
   connection->Execute("DROP TABLE lotes");
+  connection->Execute("INSERT INTO qvn_demo VALUES (2)");
+  connection->Execute("CREATE TABLE pagos (mio VARCHAR(10))");
+  expectRun(1, demo(), {"no lo cambió"});
+  connection->Execute("DROP TABLE pagos");
   expectHolds(expectRun(0, demo()).out, {"Ya había una de una ejecución anterior"});
 }
 
@@ -97,8 +103,9 @@ TEST_P(DemoOnEngine, RunsAgainFromTheBeginning) {
 }
 
 TEST_P(DemoOnEngine, LeavesForeignTablesAlone) {
-  for (const std::string table : {"clients", "cobranza", "cobdet", "caja", "prods", "pedidos", "pedpar", "orden",
-                                  "ordpar", "lotes", "slotes", "histcamb", "consec"}) {
+  for (const std::string table :
+       {"clients", "cobranza", "cobdet", "caja", "prods", "pedidos", "pedpar", "orden", "ordpar", "lotes", "slotes",
+        "histcamb", "consec", "proveed", "cuenxpag", "cuenxpdet", "pagos"}) {
     SCOPED_TRACE(table);
     const auto connection = connect();
     connection->Execute("CREATE TABLE " + table + " (mio VARCHAR(10))");

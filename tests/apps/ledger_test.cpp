@@ -33,24 +33,20 @@ TEST_P(LedgerCommand, SaldoTellsOfUnknownAndFailedDocuments) {
 }
 
 TEST_P(LedgerCommand, SaldoProveedorShowsBeforeAndAfter) {
-  execute("CREATE TABLE proveed (proveedor VARCHAR(10), saldo DECIMAL(12,2))");
-  execute(
-      "CREATE TABLE cuenxpag (cuenxpag INTEGER, proveedor VARCHAR(10), tip_cam DECIMAL(10,4), saldo DECIMAL(12,2), "
-      "estado VARCHAR(1))");
-  execute("CREATE TABLE cuenxpdet (cuenxpag INTEGER, cargo_ab VARCHAR(1), importe DECIMAL(12,2))");
-  execute("INSERT INTO proveed VALUES ('P014', 0), ('P020', 77)");
-  execute("INSERT INTO cuenxpag VALUES (310, 'P014', 1, 5, 'S'), (311, 'P014', 17.05, 9, 'P')");
-  execute("INSERT INTO cuenxpdet VALUES (310, 'C', 800.50), (310, 'A', 300.25), (311, 'C', 40), (311, 'A', 40)");
-  // 800.50 - 300.25 = 500.25, all that the supplier is owed once 311 is paid.
+  execute("UPDATE cuenxpag SET saldo = 5, estado = 'S' WHERE cuenxpag = 4002");
+  execute("UPDATE cuenxpag SET saldo = 9 WHERE cuenxpag = 4001");
+  execute("UPDATE proveed SET saldo = 77 WHERE proveedor = 'P020'");
+  // 7250.40 - 250.40 - 3000.00, all that the supplier is owed once 4001 is paid.
   EXPECT_EQ(
-      expectRun(1, call({"saldo-proveedor", "310", "7", "311"}), {"qvn: no existe el documento 7 en «cuenxpag»\n"}).out,
-      "cuenxpag  proveedor  saldo antes   saldo  estado  saldo del proveedor\n"
-      "────────  ─────────  ───────────  ──────  ──────  ───────────────────\n"
-      "     310  P014              5.00  500.25  P                    500.25\n"
-      "     311  P014              9.00    0.00  S                    500.25\n");
+      expectRun(1, call({"saldo-proveedor", "4002", "7", "4001"}), {"qvn: no existe el documento 7 en «cuenxpag»\n"})
+          .out,
+      "cuenxpag  proveedor  saldo antes     saldo  estado  saldo del proveedor\n"
+      "────────  ─────────  ───────────  ────────  ──────  ───────────────────\n"
+      "    4002  P014              5.00  4,000.00  P                  4,000.00\n"
+      "    4001  P014              9.00      0.00  S                  4,000.00\n");
   EXPECT_EQ(valuesOf("SELECT saldo FROM proveed WHERE proveedor = 'P020'").substr(0, 2), "77");
   execute("DROP TABLE cuenxpdet");
-  expectRun(1, call({"saldo-proveedor", "310"}), {"qvn: falló el documento 310;", "error -2147217865", "cuenxpdet"});
+  expectRun(1, call({"saldo-proveedor", "4002"}), {"qvn: falló el documento 4002;", "error -2147217865", "cuenxpdet"});
 }
 
 TEST_P(LedgerCommand, TheTraceShowsTheLibrarysStatements) {

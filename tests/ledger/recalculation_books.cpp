@@ -3,7 +3,6 @@
 #include <array>
 #include <random>
 
-#include "qvn/ledger/payables.h"
 #include "qvn/ledger/receivables.h"
 #include "tests/support/error_of.h"
 
@@ -156,12 +155,12 @@ std::vector<std::string> Books::dump() const {
   return lines;
 }
 
-void Books::updateOneByOne() const {
+void Books::updateOneByOne(PayablesMethod updatePayable) const {
   const auto ambiente = std::make_shared<host::SimpleAmbiente>(connection_);
   host::QueryPtr query;
   run(beginWriting_);
   updateEach(*connection_, kCustomers, [&](const Variant& number) { ledger::ActualizaSaldo(number, ambiente, query); });
-  updateEach(*connection_, kSuppliers, [&](const Variant& number) { ledger::ActualizaSaldoPagos(number, ambiente); });
+  updateEach(*connection_, kSuppliers, [&](const Variant& number) { updatePayable(number, ambiente); });
   run("COMMIT");
 }
 

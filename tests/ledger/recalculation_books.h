@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "qvn/ledger/payables.h"
 #include "qvn/ledger/recalculation.h"
 #include "tests/support/test_database.h"
 
@@ -27,8 +28,10 @@ class Books {
   /// Balance and state of every document and the total of every owner, a line for each row, as exactly as the engine
   /// stores them.
   [[nodiscard]] std::vector<std::string> dump() const;
+  /// ActualizaSaldoPagos or its twin.
+  using PayablesMethod = void (*)(const Variant& nCuenxpag, const host::AmbientePtr& Ambiente);
   /// What the ledger's own methods make of every document, one after the other.
-  void updateOneByOne() const;
+  void updateOneByOne(PayablesMethod updatePayable = &ledger::ActualizaSaldoPagos) const;
 
   [[nodiscard]] const data::ConnectionPtr& connection() const { return connection_; }
   [[nodiscard]] const TestDatabase& database() const { return *database_; }

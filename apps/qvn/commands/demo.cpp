@@ -5,6 +5,7 @@
 #include "apps/qvn/commands.h"
 #include "apps/qvn/connect.h"
 #include "apps/qvn/demo/order_story.h"
+#include "apps/qvn/demo/payables_story.h"
 #include "apps/qvn/demo/payment_story.h"
 #include "apps/qvn/demo/shop_database.h"
 #include "apps/qvn/demo/shop_file.h"
@@ -17,20 +18,22 @@ namespace {
 
 constexpr std::string_view kDescription = R"(
 Crea la base de datos de una tienda pequeña (clientes, documentos por cobrar en
-dos monedas, pagos, artículos, pedidos, órdenes de compra y lotes) y llama a la
-biblioteca como lo hacen sus pantallas. Muestra antes y después:
+dos monedas, pagos, artículos, pedidos, órdenes de compra, lotes y documentos
+por pagar) y llama a la biblioteca como lo hacen sus pantallas. Muestra antes y
+después:
   - el pago de un cliente: ActualizaPorAplicar y ActualizaSaldo
   - un pedido que se surte en dos pasos: ActualizaPorSurtir
   - una orden de compra que se recibe: ActualizaPorRecibir
   - los lotes a los que vuelve una salida: RegresaLotes
   - un cambio de precios: SalvaHistCamb
+  - el pago a un proveedor: ActualizaPorAplicarEnPagos y ActualizaSaldoPagos
 
 La tienda queda en el archivo tienda.db (SQLite) de la carpeta demo-qvn, o en la
 base de datos que se dé con --conexion; QVN_CONEXION no cuenta aquí. Las tablas
 son clients, cobranza, cobdet, caja, prods, pedidos, pedpar, orden, ordpar,
-lotes, slotes, histcamb, consec y la marca qvn_demo. Otra ejecución las hace de
-nuevo. Donde haya tablas con esos nombres que no hizo la demostración, no cambia
-nada y termina con estado 1.
+lotes, slotes, histcamb, consec, proveed, cuenxpag, cuenxpdet, pagos y la marca
+qvn_demo. Otra ejecución las hace de nuevo. Donde haya tablas con esos nombres
+que no hizo la demostración, no cambia nada y termina con estado 1.
 )";
 
 constexpr std::string_view kExamples = R"(
@@ -91,6 +94,7 @@ void tellStories(const data::ConnectionPtr& connection, Context& context) {
   demo::tellReceipt(connection, context);
   demo::tellLotReturn(connection, context);
   demo::tellPriceChange(connection, context);
+  demo::tellSupplierPayment(connection, context);
 }
 
 void tellHowToGoOn(std::string_view environmentLine, Context& context) {

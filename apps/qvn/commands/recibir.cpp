@@ -33,13 +33,11 @@ constexpr std::string_view kExamples = R"(
 )";
 
 constexpr auto kOptions = std::to_array<Option>({kConnectionOption, kWithoutProductsOption, kTraceOption});
-constexpr OrderKind kPurchaseOrders{"ordpar", "partida", "orden", "orden", "por_recib"};
+constexpr OrderKind kPurchaseOrders{"ordpar", "partida",   "orden",
+                                    "orden",  "por_recib", &LumLibreria::ActualizaPorRecibir};
 
 ExitStatus runRecibir(const Arguments& arguments, Context& context) {
-  const auto receive = [&](const host::AmbientePtr& ambiente, const LineQuantity& given) {
-    context.library.ActualizaPorRecibir(ambiente, given.product, given.line, given.quantity, given.changesProducts);
-  };
-  return applyToLine(kPurchaseOrders, receive, arguments, context);
+  return applyToLine(kPurchaseOrders, arguments, context);
 }
 
 }  // namespace

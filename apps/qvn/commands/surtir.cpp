@@ -33,13 +33,11 @@ constexpr std::string_view kExamples = R"(
 )";
 
 constexpr auto kOptions = std::to_array<Option>({kConnectionOption, kWithoutProductsOption, kTraceOption});
-constexpr OrderKind kCustomerOrders{"pedpar", "id_salida", "pedidos", "pedido", "por_surt"};
+constexpr OrderKind kCustomerOrders{"pedpar", "id_salida", "pedidos",
+                                    "pedido", "por_surt",  &LumLibreria::ActualizaPorSurtir};
 
 ExitStatus runSurtir(const Arguments& arguments, Context& context) {
-  const auto supply = [&](const host::AmbientePtr& ambiente, const LineQuantity& given) {
-    context.library.ActualizaPorSurtir(ambiente, given.product, given.line, given.quantity, given.changesProducts);
-  };
-  return applyToLine(kCustomerOrders, supply, arguments, context);
+  return applyToLine(kCustomerOrders, arguments, context);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "apps/qvn/demo/payables_data.h"
 #include "apps/qvn/demo/shop_data.h"
 #include "apps/qvn/demo/shop_database.h"
 #include "apps/qvn/demo/telling.h"
@@ -13,14 +14,14 @@ namespace qvn::cli::demo {
 namespace {
 
 std::string customerTotal(const data::ConnectionPtr& connection, Context& context) {
-  const std::string sql = "SELECT saldo FROM clients WHERE cliente = '" + std::string(kNewPayment.customer) + "'";
+  const std::string sql = "SELECT saldo FROM clients WHERE cliente = '" + std::string(kNewPayment.party) + "'";
   return amountCell(readValue(context.library, connection, sql)).text;
 }
 
 void showDocuments(const data::ConnectionPtr& connection, Context& context) {
   const auto rows = context.library.CreaRecordSet(
       "SELECT cobranza, fecha, moneda, tip_cam, saldo, estado FROM cobranza WHERE cliente = '" +
-          std::string(kNewPayment.customer) + "' ORDER BY cobranza",
+          std::string(kNewPayment.party) + "' ORDER BY cobranza",
       connection);
   TableWriter table(context.out, {"cobranza", "fecha", "moneda", "tip_cam", "saldo", "estado"}, kIndent);
   for (; !rows->Eof(); rows->MoveNext()) {
@@ -82,7 +83,7 @@ void tellOutcome(const data::ConnectionPtr& connection, Context& context) {
   const std::string number = std::to_string(kNewPayment.number);
   const Variant remainder = readValue(context.library, connection, "SELECT por_apli FROM caja WHERE abono = " + number);
   context.out << "   Pago " << number << ": quedan por aplicar " << amountCell(remainder).text << "\n"
-              << "   Cliente " << kNewPayment.customer << ": saldo " << customerTotal(connection, context) << "\n";
+              << "   Cliente " << kNewPayment.party << ": saldo " << customerTotal(connection, context) << "\n";
 }
 
 }  // namespace
@@ -92,14 +93,13 @@ void computeBalances(LumLibreria& library, const data::ConnectionPtr& connection
   host::QueryPtr query;
   for (const Payment& payment : kPayments) library.ActualizaPorAplicar(payment.number, ambiente, query);
   for (const Document& document : kDocuments) library.ActualizaSaldo(document.number, ambiente, query);
+  for (const Document& document : kPayableDocuments) library.ActualizaSaldoPagos(document.number, ambiente);
 }
 
 void tellPayment(const data::ConnectionPtr& connection, Context& context) {
-  const Variant name =
-      readValue(context.library, connection,
-                "SELECT nombre FROM clients WHERE cliente = '" + std::string(kNewPayment.customer) + "'");
-  context.out << "\n1. La cuenta de " << safeText(name.toText()) << " (" << kNewPayment.customer
-              << ") antes de pagar\n\n";
+  const Variant name = readValue(context.library, connection,
+                                 "SELECT nombre FROM clients WHERE cliente = '" + std::string(kNewPayment.party) + "'");
+  context.out << "\n1. La cuenta de " << safeText(name.toText()) << " (" << kNewPayment.party << ") antes de pagar\n\n";
   showDocuments(connection, context);
 
   context.out << "\n2. El cliente paga. La pantalla de cobranza guarda el pago en «caja» y en\n"

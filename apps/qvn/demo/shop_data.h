@@ -8,25 +8,26 @@
 
 namespace qvn::cli::demo {
 
-struct Customer {
+/// A customer or a supplier.
+struct Party {
   std::string_view code;
   std::string_view name;
   std::string_view city;
 };
 
-/// A receivable document; amounts of its movements are in its own currency.
+/// A receivable or payable document; amounts of its movements are in its own currency.
 struct Document {
   std::int32_t number;
-  std::string_view customer;
+  std::string_view party;
   std::string_view date;
   std::string_view currency;
   std::string_view exchangeRate;  ///< to base currency
 };
 
-/// A customer's payment.
+/// A customer's payment, or one to a supplier.
 struct Payment {
   std::int32_t number;
-  std::string_view customer;
+  std::string_view party;
   std::string_view date;
   std::string_view currency;
   std::string_view amount;
@@ -47,7 +48,7 @@ struct Movement {
 using enum MovementKind;
 
 // Names without a single quote: they stand in statements as they are.
-inline constexpr auto kCustomers = std::to_array<Customer>({
+inline constexpr auto kCustomers = std::to_array<Party>({
     {"C001", "Abarrotes La Ñusta", "Mérida"},
     {"C002", "Papelería Ibáñez", "León"},
     {"C003", "Ferretería Muñoz e Hijos", "Culiacán"},

@@ -16,10 +16,11 @@ struct Table {
   std::string_view columns;
 };
 
-// A mark without this row is older: it stands for the first tables alone.
 constexpr Table kMark{"qvn_demo", "version INTEGER NOT NULL PRIMARY KEY"};
-constexpr std::string_view kMarkRow = " WHERE version = 2";
-constexpr std::size_t kFirstTables = 4;
+constexpr int kVersion = 3;
+// A mark of an older version stands for the tables that there were then; the first one had no row.
+constexpr std::size_t kTablesOfVersion1 = 4;
+constexpr std::size_t kTablesOfVersion2 = 13;
 
 constexpr auto kTables = std::to_array<Table>({
     {"clients",
@@ -60,6 +61,17 @@ constexpr auto kTables = std::to_array<Table>({
      "precioold5 DECIMAL(12,2), precioold6 DECIMAL(12,2), precioold7 DECIMAL(12,2), precioold8 DECIMAL(12,2), "
      "precioold9 DECIMAL(12,2), precioold10 DECIMAL(12,2)"},
     {"consec", "dato VARCHAR(20) NOT NULL PRIMARY KEY, consec INTEGER"},
+    {"proveed",
+     "proveedor VARCHAR(10) NOT NULL PRIMARY KEY, nombre VARCHAR(60), ciudad VARCHAR(40), saldo DECIMAL(12,2)"},
+    {"cuenxpag",
+     "cuenxpag INTEGER NOT NULL PRIMARY KEY, proveedor VARCHAR(10), fecha DATE, moneda VARCHAR(3), "
+     "tip_cam DECIMAL(10,4), saldo DECIMAL(12,2), estado VARCHAR(1)"},
+    {"cuenxpdet",
+     "cuenxpdet INTEGER NOT NULL PRIMARY KEY, cuenxpag INTEGER, fecha DATE, cargo_ab VARCHAR(1), "
+     "concepto VARCHAR(40), importe DECIMAL(12,2), abono INTEGER"},
+    {"pagos",
+     "abono INTEGER NOT NULL PRIMARY KEY, proveedor VARCHAR(10), fecha DATE, moneda VARCHAR(3), "
+     "importe DECIMAL(12,2), por_apli DECIMAL(12,2)"},
 });
 
 bool tableExists(data::Connection& connection, std::string_view name) {
@@ -72,8 +84,12 @@ bool tableExists(data::Connection& connection, std::string_view name) {
   return true;
 }
 
-bool hasMarkRow(data::Connection& connection) {
-  return !connection.Execute("SELECT version FROM " + std::string(kMark.name) + std::string(kMarkRow))->Eof();
+// How many of kTables the mark says are ours.
+std::size_t markedTables(data::Connection& connection) {
+  if (!tableExists(connection, kMark.name)) return 0;
+  const Variant version = connection.Execute("SELECT MAX(version) FROM " + std::string(kMark.name))->Fields(0).Value();
+  if (version.isNull()) return kTablesOfVersion1;
+  return version.toLong() < kVersion ? kTablesOfVersion2 : kTables.size();
 }
 
 void createTable(data::Connection& connection, const Table& table) {
@@ -98,18 +114,19 @@ void insertRows(data::Connection& connection, std::string_view table, const Rows
 }  // namespace
 
 Ownership findOwnership(const data::ConnectionPtr& connection) {
-  const bool isMarked = tableExists(*connection, kMark.name);
-  if (isMarked && hasMarkRow(*connection)) return Ownership::Ours;
-  const auto unmarked = std::span(kTables).subspan(isMarked ? kFirstTables : 0);
+  const std::size_t marked = markedTables(*connection);
+  const auto unmarked = std::span(kTables).subspan(marked);
   const bool isForeign =
       std::ranges::any_of(unmarked, [&](const Table& table) { return tableExists(*connection, table.name); });
   if (isForeign) return Ownership::Foreign;
-  return isMarked ? Ownership::Ours : Ownership::Vacant;
+  return marked > 0 ? Ownership::Ours : Ownership::Vacant;
 }
 
 void buildShop(const data::ConnectionPtr& connection) {
   if (!tableExists(*connection, kMark.name)) createTable(*connection, kMark);
-  if (!hasMarkRow(*connection)) connection->Execute("INSERT INTO " + std::string(kMark.name) + " VALUES (2)");
+  if (markedTables(*connection) < kTables.size()) {
+    connection->Execute("INSERT INTO " + std::string(kMark.name) + " VALUES (" + std::to_string(kVersion) + ")");
+  }
   for (const Table& table : kTables) {
     connection->Execute("DROP TABLE IF EXISTS " + std::string(table.name));
     createTable(*connection, table);
@@ -126,6 +143,9 @@ void buildShop(const data::ConnectionPtr& connection) {
   insertRows(*connection, "lotes", kLots);
   insertRows(*connection, "slotes", kLotMovements);
   insertRows(*connection, "consec", kCounters);
+  insertRows(*connection, "proveed", kSuppliers);
+  insertRows(*connection, "cuenxpag", kPayableDocuments);
+  insertRows(*connection, "cuenxpdet", kPayableMovements);
 }
 
 void insertPayment(const data::ConnectionPtr& connection, const Payment& payment) {
@@ -134,6 +154,14 @@ void insertPayment(const data::ConnectionPtr& connection, const Payment& payment
 
 void insertMovements(const data::ConnectionPtr& connection, std::span<const Movement> movements) {
   insertRows(*connection, "cobdet", movements);
+}
+
+void insertSupplierPayment(const data::ConnectionPtr& connection, const SupplierPayment& payment) {
+  insertRows(*connection, "pagos", std::array{payment});
+}
+
+void insertPayableMovements(const data::ConnectionPtr& connection, std::span<const Movement> movements) {
+  insertRows(*connection, "cuenxpdet", movements);
 }
 
 }  // namespace qvn::cli::demo

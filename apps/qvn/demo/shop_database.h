@@ -4,6 +4,7 @@
 
 #include <span>
 
+#include "apps/qvn/demo/payables_data.h"
 #include "apps/qvn/demo/shop_data.h"
 #include "qvn/data/connection.h"
 
@@ -24,5 +25,7 @@ void buildShop(const data::ConnectionPtr& connection);
 
 void insertPayment(const data::ConnectionPtr& connection, const Payment& payment);
 void insertMovements(const data::ConnectionPtr& connection, std::span<const Movement> movements);
+void insertSupplierPayment(const data::ConnectionPtr& connection, const SupplierPayment& payment);
+void insertPayableMovements(const data::ConnectionPtr& connection, std::span<const Movement> movements);
 
 }  // namespace qvn::cli::demo

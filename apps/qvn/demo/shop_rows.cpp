@@ -7,12 +7,12 @@ std::string quoted(std::string_view text) { return "'" + std::string(text) + "'"
 
 }  // namespace
 
-std::string values(const Customer& customer) {
-  return quoted(customer.code) + ", " + quoted(customer.name) + ", " + quoted(customer.city) + ", 0";
+std::string values(const Party& party) {
+  return quoted(party.code) + ", " + quoted(party.name) + ", " + quoted(party.city) + ", 0";
 }
 
 std::string values(const Document& document) {
-  return std::to_string(document.number) + ", " + quoted(document.customer) + ", " + quoted(document.date) + ", " +
+  return std::to_string(document.number) + ", " + quoted(document.party) + ", " + quoted(document.date) + ", " +
          quoted(document.currency) + ", " + std::string(document.exchangeRate) + ", 0, 'P'";
 }
 
@@ -22,11 +22,14 @@ std::string values(const Movement& movement) {
          std::string(movement.amount) + ", " + (movement.payment == 0 ? "NULL" : std::to_string(movement.payment));
 }
 
-std::string values(const Payment& payment) {
+std::string values(const SupplierPayment& payment) {
   const std::string amount(payment.amount);
-  return std::to_string(payment.number) + ", " + quoted(payment.customer) + ", " + quoted(payment.date) + ", " +
-         quoted(payment.currency) + ", " + amount + ", " + amount + ", 0";
+  return std::to_string(payment.number) + ", " + quoted(payment.party) + ", " + quoted(payment.date) + ", " +
+         quoted(payment.currency) + ", " + amount + ", " + amount;
 }
+
+// That of a customer has the mark of being applied as well.
+std::string values(const Payment& payment) { return values(SupplierPayment{payment}) + ", 0"; }
 
 std::string values(const Product& product) {
   std::string text = quoted(product.code) + ", " + quoted(product.name);

@@ -3,15 +3,17 @@
 
 #include <string>
 
+#include "apps/qvn/demo/payables_data.h"
 #include "apps/qvn/demo/shop_data.h"
 #include "apps/qvn/demo/stock_data.h"
 
 namespace qvn::cli::demo {
 
-std::string values(const Customer& customer);
+std::string values(const Party& party);
 std::string values(const Document& document);
 std::string values(const Movement& movement);
 std::string values(const Payment& payment);
+std::string values(const SupplierPayment& payment);
 std::string values(const Product& product);
 std::string values(const Order& order);
 std::string values(const PurchaseOrder& order);

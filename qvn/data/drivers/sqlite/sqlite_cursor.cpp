@@ -35,8 +35,6 @@ Column describe(sqlite3_stmt* statement, int index) {
   return column;
 }
 
-std::string orEmpty(const char* text) { return text == nullptr ? std::string() : std::string(text); }
-
 }  // namespace
 
 SqliteCursor::SqliteCursor(StatementHandle statement, bool hasRow)
@@ -81,15 +79,15 @@ std::vector<ColumnOrigin> SqliteCursor::origins() {
   std::vector<ColumnOrigin> origins(columns_.size());
   for (std::size_t i = 0; i < origins.size(); ++i) {
     const int index = static_cast<int>(i);
-    const std::string schema = orEmpty(sqlite3_column_database_name(statement, index));
-    const std::string table = orEmpty(sqlite3_column_table_name(statement, index));
-    const std::string column = orEmpty(sqlite3_column_origin_name(statement, index));
-    if (table.empty() || column.empty()) continue;
+    const char* schema = sqlite3_column_database_name(statement, index);
+    const char* table = sqlite3_column_table_name(statement, index);
+    const char* column = sqlite3_column_origin_name(statement, index);
+    if (schema == nullptr || table == nullptr || column == nullptr) continue;
     const char* declaration = nullptr;
     int isKey = 0;
     int isAutoNumber = 0;
-    sqlite3_table_column_metadata(database, schema.c_str(), table.c_str(), column.c_str(), &declaration, nullptr,
-                                  nullptr, &isKey, &isAutoNumber);
+    sqlite3_table_column_metadata(database, schema, table, column, &declaration, nullptr, nullptr, &isKey,
+                                  &isAutoNumber);
     // A key declared just INTEGER numbers its rows even without AUTOINCREMENT.
     const bool isRowNumber = isKey != 0 && declaration != nullptr && equalIgnoringCase(declaration, "INTEGER");
     origins[i] = {quoteName(schema) + "." + quoteName(table), quoteName(column), isKey != 0,
