@@ -16,6 +16,8 @@ enum class ExitStatus {
   Done = 0,
   Failed = 1,    ///< the operation failed; standard error says why
   BadUsage = 2,  ///< the program was called in a way that it does not understand; nothing was done
+  NoAnswer = 3,  ///< a question was left without an answer
+  YesToAll = 4,
 };
 
 /// What a command works with.

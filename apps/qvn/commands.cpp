@@ -20,6 +20,11 @@ constexpr auto kCommands = std::to_array<const Command*>({
     &kSqlCommand,
     &kConexionCommand,
     &kFormatoCommand,
+    &kEjecutaCommand,
+    &kMensajeCommand,
+    &kPreguntaCommand,
+    &kEntradaCommand,
+    &kBitacoraCommand,
 });
 
 }  // namespace

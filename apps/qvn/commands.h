@@ -21,6 +21,11 @@ extern const Command kConsecutivoCommand;
 extern const Command kSqlCommand;
 extern const Command kConexionCommand;
 extern const Command kFormatoCommand;
+extern const Command kEjecutaCommand;
+extern const Command kMensajeCommand;
+extern const Command kPreguntaCommand;
+extern const Command kEntradaCommand;
+extern const Command kBitacoraCommand;
 
 /// All of them, in the order in which help lists them.
 std::span<const Command* const> allCommands();

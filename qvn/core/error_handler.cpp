@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "qvn/base/format_pattern.h"
+#include "qvn/core/error_log.h"
 #include "qvn/dialogs/ask.h"
 #include "qvn/host/require.h"
 #include "qvn/system/text_file.h"
@@ -18,13 +19,6 @@ constexpr std::string_view kRowHeld =
     "registro abiertas";
 constexpr std::int32_t kInformationIcon = 64;
 constexpr std::string_view kLineEnd = "\r\n";
-
-std::string record(Date now, std::string_view module, std::string_view procedure, std::string_view description) {
-  std::string text = formatValue(now, "hh:mm:ss") + " Ocurrió un error:";
-  text.append(kLineEnd).append("Module: ").append(module);
-  text.append(kLineEnd).append("Function: ").append(procedure);
-  return text.append(kLineEnd).append("Description: ").append(description).append(kLineEnd);
-}
 
 // The last line has no end of its own.
 std::string block(const data::ErrorItem& error) {
@@ -55,10 +49,11 @@ bool Err_Handler(const host::AmbientePtr& Ambiente, std::string_view ModuleName,
     dialogs::MyMessage(kLostConnection, dialogs);
     return false;
   }
-  const std::string text = record(clock.now(), ModuleName, ProcName, ErrorDesc);
+  const std::string text = errorRecordText(
+      {formatValue(clock.now(), "hh:mm:ss"), std::string(ModuleName), std::string(ProcName), std::string(ErrorDesc)});
   dialogs::MyMessage(text, dialogs);
   const std::string folder = host::required(Ambiente)->CarpetaDeErrores();
-  system::OutLine(folder + "\\QuorvinError" + formatValue(clock.now(), "ddMMyyyy") + ".Log", text);
+  system::OutLine(errorLogPath(folder, clock.now()), text);
   return true;
 }
 

@@ -37,4 +37,13 @@ std::vector<std::string> splitCommandLine(std::string_view line) {
   }
 }
 
+std::string quotedArgument(std::string_view argument) {
+  std::string quoted = "'";
+  for (const char c : argument) {
+    // Between other quotes of its own.
+    quoted += c == '\'' ? std::string("'\"'\"'") : std::string(1, c);
+  }
+  return quoted + "'";
+}
+
 }  // namespace qvn::system

@@ -12,4 +12,7 @@ namespace qvn::system {
 /// to the end. Nothing else is interpreted: no variables, no wildcards, no redirections.
 std::vector<std::string> splitCommandLine(std::string_view line);
 
+/// One argument as splitCommandLine reads it back, whatever it holds.
+std::string quotedArgument(std::string_view argument);
+
 }  // namespace qvn::system

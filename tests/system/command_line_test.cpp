@@ -27,5 +27,11 @@ TEST(CommandLine, IsSplitByQuotesAlone) {
   for (const Row& row : rows) EXPECT_EQ(splitCommandLine(row.line), row.words) << row.line;
 }
 
+TEST(CommandLine, QuotedArgumentsComeBack) {
+  for (const char* const argument : {"", "a", "dos palabras", "d'Or", "'", "\"x\\\"", "\\", "'\\'\" '"}) {
+    EXPECT_EQ(splitCommandLine("x " + quotedArgument(argument) + " y"), (std::vector<std::string>{"x", argument, "y"}));
+  }
+}
+
 }  // namespace
 }  // namespace qvn::system
