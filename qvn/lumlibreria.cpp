@@ -24,6 +24,8 @@
 #include "qvn/ledger/price_history.h"
 #include "qvn/ledger/receivables.h"
 #include "qvn/ledger/stock.h"
+#include "qvn/rowtext/read_record.h"
+#include "qvn/rowtext/write_record.h"
 #include "qvn/system/dos_outputs.h"
 #include "qvn/system/shell.h"
 #include "qvn/system/text_file.h"
@@ -236,6 +238,15 @@ std::int32_t LumLibreria::Separador(std::string_view Separator, std::string& str
                                     std::vector<std::string>& List) const {
   return text::Separador(Separator, strSearch, List);
 }
+
+std::string LumLibreria::WsRecordSet(const data::RecordsetPtr& rst) const { return rowtext::WsRecordSet(rst); }
+std::shared_ptr<host::Collection> LumLibreria::WsFields(std::string_view strWinsock) const {
+  return rowtext::WsFields(strWinsock);
+}
+rowtext::WsFieldPtr LumLibreria::newData(std::string_view strKey, const Variant& uData) const {
+  return rowtext::newData(strKey, uData);
+}
+std::shared_ptr<rowtext::TextData> LumLibreria::NewTextData() const { return rowtext::NewTextData(); }
 
 std::int16_t LumLibreria::ToNumber(std::int16_t& KeyAscii, const host::TextBox& Control, bool bolDecimales) const {
   return text::ToNumber(KeyAscii, Control, bolDecimales);

@@ -28,6 +28,8 @@
 #include "qvn/host/pending_statements.h"
 #include "qvn/host/query.h"
 #include "qvn/host/text_box.h"
+#include "qvn/rowtext/text_data.h"
+#include "qvn/rowtext/ws_field.h"
 
 namespace qvn {
 
@@ -164,6 +166,13 @@ class LumLibreria {
                         std::string_view strReplaceWith) const;
   std::int32_t DataSeparator(const Variant& Separator, Variant& strSearch, std::vector<Variant>& List) const;
   std::int32_t Separador(std::string_view Separator, std::string& strSearch, std::vector<std::string>& List) const;
+
+  // Record lines: qvn/rowtext/write_record.h, read_record.h, ws_field.h and text_data.h
+
+  std::string WsRecordSet(const RecordsetPtr& rst) const;
+  std::shared_ptr<host::Collection> WsFields(std::string_view strWinsock) const;
+  rowtext::WsFieldPtr newData(std::string_view strKey, const Variant& uData) const;
+  std::shared_ptr<rowtext::TextData> NewTextData() const;
 
   // Text boxes: qvn/text/keystrokes.h and text_box_format.h
 

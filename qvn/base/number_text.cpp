@@ -117,9 +117,30 @@ std::optional<double> readPlain(const std::string& number) {
   return value;
 }
 
-}  // namespace
+// Most numbers of a shop have at most four decimals. Where the value is the Double nearest to such a number of at most
+// 15 digits, its digits are those that rounding to 15 would give. False, with nothing written, for any other value.
+bool appendFewDecimals(std::string& text, double value) {
+  constexpr double kScale = 1e4;
+  constexpr double kLimit = 1e15;
+  const double scaled = std::nearbyint(value * kScale);
+  if (!(std::abs(scaled) < kLimit) || scaled == 0 || scaled / kScale != value) return false;
+  std::array<char, 24> buffer;  // from the right: four decimals, the point, the integer part, the sign
+  char* const last = buffer.data() + buffer.size();
+  char* first = last;
+  auto digits = static_cast<std::uint64_t>(std::abs(scaled));
+  for (int place = 0; digits > 0 || place <= 4; ++place, digits /= 10) {
+    if (place == 4) *--first = '.';
+    *--first = static_cast<char>('0' + digits % 10);
+  }
+  if (value < 0) *--first = '-';
+  char* end = last;
+  while (end[-1] == '0') --end;
+  if (end[-1] == '.') --end;
+  text.append(first, end);
+  return true;
+}
 
-std::string generalNumber(double value) {
+std::string writeGeneral(double value) {
   if (auto special = writeSpecial(value)) return *special;
   Scientific number = shortestScientific(value);
   if (number.digits().size() > kSignificantDigits) number = roundedScientific(value, kSignificantDigits);
@@ -127,6 +148,18 @@ std::string generalNumber(double value) {
   const int decimals = static_cast<int>(number.digits().size()) - 1 - number.exponent();
   if (decimals > kMostDecimals) return writeBelowOne(value);
   return writePlain(number);
+}
+
+}  // namespace
+
+std::string generalNumber(double value) {
+  std::string text;
+  appendGeneralNumber(text, value);
+  return text;
+}
+
+void appendGeneralNumber(std::string& text, double value) {
+  if (!appendFewDecimals(text, value)) text.append(writeGeneral(value));
 }
 
 std::string regionalNumber(double value) {

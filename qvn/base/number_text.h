@@ -14,6 +14,8 @@ namespace qvn {
 /// General number with "." as the separator: at most 15 significant digits and at most 15 decimals, no trailing zeros,
 /// an exponent only from 1E+15 up ("1.5E+20"), and "0" for minus zero. Infinities and NaN are "INF", "-INF", "NAN".
 std::string generalNumber(double value);
+/// The same at the end of `text`.
+void appendGeneralNumber(std::string& text, double value);
 
 /// generalNumber with the regional separator.
 std::string regionalNumber(double value);

@@ -20,10 +20,12 @@ struct RegionalSettings : NumberSeparators {
   bool isSpanish = false;  ///< the language of dates is Spanish
 };
 
-// The cheap parts of regionalSettings(): numbers are read and written far more often than dates.
+// Parts of regionalSettings() for callers that need no more.
 /// The separator between the integer part and the decimals.
 std::string decimalSeparator();
 NumberSeparators numberSeparators();
+/// What stands between day, month and year.
+std::string regionalDateSeparator();
 
 /// All settings of the locale in force on this thread.
 RegionalSettings regionalSettings();

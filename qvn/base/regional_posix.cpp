@@ -114,6 +114,12 @@ NumberSeparators numberSeparators() {
   return separators;
 }
 
+std::string regionalDateSeparator() {
+  RegionalSettings settings;
+  readDateFormat(localeText(nl_langinfo(D_FMT)), settings);
+  return settings.dateSeparator;
+}
+
 RegionalSettings regionalSettings() {
   RegionalSettings settings{numberSeparators()};
   readDateFormat(localeText(nl_langinfo(D_FMT)), settings);

@@ -20,12 +20,12 @@ std::size_t checkedOffset(const Variant& position, std::size_t count) {
 void Collection::Add(Variant value, std::string_view key, const Variant& before, const Variant& after) {
   if (!before.isEmpty() && !after.isEmpty()) throw RuntimeError(error_number::kInvalidCall);
   auto entry = std::make_unique<Entry>(Entry{std::move(value), upperCase(key)});
-  if (keys_.contains(entry->key)) throw RuntimeError(error_number::kDuplicateKey);
+  if (keys_.find(entry->key) != nullptr) throw RuntimeError(error_number::kDuplicateKey);
   const std::size_t offset = !before.isEmpty()  ? offsetOf(before)
                              : !after.isEmpty() ? offsetOf(after) + 1
                                                 : entries_.size();
   Entry& added = **entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(offset), std::move(entry));
-  if (!added.key.empty()) keys_.emplace(added.key, &added);
+  if (!added.key.empty()) keys_.add(added);
 }
 
 Variant& Collection::Item(const Variant& indexOrKey) { return find(indexOrKey).value; }
@@ -33,7 +33,7 @@ const Variant& Collection::Item(const Variant& indexOrKey) const { return find(i
 
 void Collection::Remove(const Variant& indexOrKey) {
   const auto at = entries_.begin() + static_cast<std::ptrdiff_t>(offsetOf(indexOrKey));
-  keys_.erase((*at)->key);
+  if (!(*at)->key.empty()) keys_.remove(**at);
   entries_.erase(at);
 }
 
@@ -43,9 +43,9 @@ Collection::Entry& Collection::find(const Variant& indexOrKey) const {
 }
 
 Collection::Entry& Collection::findKey(std::string_view key) const {
-  const auto found = keys_.find(upperCase(key));
-  if (found == keys_.end()) throw RuntimeError(error_number::kInvalidCall);
-  return *found->second;
+  Entry* const found = keys_.find(upperCase(key));
+  if (found == nullptr) throw RuntimeError(error_number::kInvalidCall);
+  return *found;
 }
 
 std::size_t Collection::offsetOf(const Variant& indexOrKey) const {

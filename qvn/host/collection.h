@@ -12,9 +12,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 #include "qvn/base/variant.h"
+#include "qvn/host/internal/key_index.h"
 
 namespace qvn::host {
 
@@ -83,7 +83,7 @@ class Collection final : public Object {
   [[nodiscard]] std::size_t offsetOf(const Variant& indexOrKey) const;
 
   Entries entries_;
-  std::unordered_map<std::string_view, Entry*> keys_;  // views of the entries' own keys
+  internal::KeyIndex<Entry> keys_;
 };
 
 }  // namespace qvn::host
