@@ -20,6 +20,10 @@ constexpr auto kCommands = std::to_array<const Command*>({
     &kSqlCommand,
     &kConexionCommand,
     &kFormatoCommand,
+    &kLetraCommand,
+    &kCalendarioCommand,
+    &kCifraCommand,
+    &kDescifraCommand,
 });
 
 }  // namespace

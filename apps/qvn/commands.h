@@ -21,6 +21,10 @@ extern const Command kConsecutivoCommand;
 extern const Command kSqlCommand;
 extern const Command kConexionCommand;
 extern const Command kFormatoCommand;
+extern const Command kLetraCommand;
+extern const Command kCalendarioCommand;
+extern const Command kCifraCommand;
+extern const Command kDescifraCommand;
 
 /// All of them, in the order in which help lists them.
 std::span<const Command* const> allCommands();
