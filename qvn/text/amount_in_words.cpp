@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 
 #include "qvn/base/runtime_error.h"
 #include "qvn/base/utf8.h"
@@ -52,7 +53,8 @@ double takeOff(double& number, double size) {
     return 0;
   }
   const double quotient = number / size;
-  number = std::floor(quotient);
+  // The floor of a positive number; as a conversion it costs a fraction of the library call.
+  number = static_cast<double>(static_cast<std::int64_t>(quotient));
   return (quotient - number) * size;
 }
 
