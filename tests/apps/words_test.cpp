@@ -14,7 +14,7 @@ TEST(LetraCommand, WritesOperandsAndLines) {
 }
 
 TEST(LetraCommand, ReportsBadLinesAndGoesOn) {
-  const Call call{.arguments = {"letra", "-"}, .input = "1\nx\n12.999\n3e15\n\n2\n"};
+  const Call call{.arguments = {"letra", "-"}, .input = "1\nx\n12.999\n3000000000000000\n\n2\n"};
   EXPECT_EQ(expectRun(1, call, {"renglón 2: ", "renglón 3: ", "renglón 4: ", "renglón 5: ", "2.8E15"}).out,
             "UNO 00/100 \nDOS 00/100 \n");
 }

@@ -13,14 +13,15 @@ namespace {
 constexpr std::string_view kDescription = R"(
 Dice de FECHA (hoy, si falta) el día y el mes con letra, los meses vecinos, el
 primero y el último día del mes, la misma fecha un mes después, si el año es
-bisiesto y los minutos desde el 1 de enero de 2000. Cada renglón nombra el método
-que lo da. FECHA se lee y las fechas se escriben con su configuración regional;
-AAAA-MM-DD se lee siempre.
+bisiesto y los minutos desde el 1 de enero de 2000. Cada renglón nombra el
+método que lo da. FECHA se lee y las fechas se escriben con su configuración
+regional; AAAA-MM-DD se lee siempre.
 
 Las reglas son las del sistema: es bisiesto todo año que se divide entre 4,
-también 1900 y 2100, y un día que no existe pasa al mes siguiente (un mes después
-del 29 de enero de 2023 es el 1 de marzo). El lunes de la semana se cuenta desde
-hoy: para otra fecha es hoy menos los días que esa fecha lleva desde su lunes.
+también 1900 y 2100, y un día que no existe pasa al mes siguiente (un mes
+después del 29 de enero de 2023 es el 1 de marzo). El lunes de la semana se
+cuenta desde hoy: para otra fecha es hoy menos los días que esa fecha lleva
+desde su lunes.
 )";
 
 constexpr std::string_view kExamples = R"(

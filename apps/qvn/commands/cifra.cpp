@@ -9,14 +9,14 @@ namespace qvn::cli {
 namespace {
 
 constexpr std::string_view kDescription = R"(
-Revuelve cada TEXTO con Encrypta, como los guarda el sistema; «qvn descifra» con
-la misma llave lo devuelve. Sin TEXTO, o con «-», toma cada renglón de la entrada
-estándar.
+Revuelve cada TEXTO con Encrypta, como los guarda el sistema; «qvn descifra»
+con la misma llave lo devuelve. Sin TEXTO, o con «-», toma cada renglón de la
+entrada estándar.
 
-No protege nada: cada carácter se recorre lo mismo, la llave entre 64 redondeada
-(las llaves de -32 a 32 no cambian el texto). El carácter que pasa del código 255
-se pierde y repite el anterior; el que no está en la página de códigos 1252 cuenta
-como «?». El resultado puede tener caracteres de control.
+No protege nada: cada carácter se recorre lo mismo, la llave entre 64
+redondeada (las llaves de -32 a 32 no cambian el texto). El carácter que pasa
+del código 255 se pierde y repite el anterior; el que no está en la página de
+códigos 1252 cuenta como «?». El resultado puede tener caracteres de control.
 )";
 
 constexpr std::string_view kExamples = R"(

@@ -9,12 +9,12 @@ namespace qvn::cli {
 namespace {
 
 constexpr std::string_view kDescription = R"(
-Devuelve con Decrypta cada TEXTO que «qvn cifra» revolvió con la misma llave. Sin
-TEXTO, o con «-», toma cada renglón de la entrada estándar; uno que no se puede
-descifrar se avisa con su número, se omite y el comando termina con 1.
+Devuelve con Decrypta cada TEXTO que «qvn cifra» revolvió con la misma llave.
+Sin TEXTO, o con «-», toma cada renglón de la entrada estándar; uno que no se
+puede descifrar se avisa con su número, se omite y el comando termina con 1.
 
-Quita antes los blancos de los extremos, que son del texto cifrado: si el cifrado
-empezaba o terminaba en blanco, no vuelve igual.
+Quita antes los blancos de los extremos, que son del texto cifrado: si el
+cifrado empezaba o terminaba en blanco, no vuelve igual.
 )";
 
 constexpr std::string_view kExamples = R"(

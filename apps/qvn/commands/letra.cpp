@@ -12,14 +12,14 @@ constexpr std::string_view kDescription = R"(
 Escribe cada CANTIDAD con letra, como la imprime PonLetra en los documentos. La
 cantidad lleva punto decimal y no lleva comas, en cualquier configuración
 regional. Sin CANTIDAD, o con «-», lee una en cada renglón de la entrada
-estándar; un renglón que no se puede escribir se avisa con su número, se omite y
-el comando termina con 1.
+estándar; un renglón que no se puede escribir se avisa con su número, se omite
+y el comando termina con 1.
 
-La letra es la del sistema, con sus blancos: 101 es «CIENTO  UNO». Las cantidades
-negativas no tienen letra; de mil millones en adelante se omite lo que pasa de
-los millones. En millones, los millares pueden quedar en uno menos (1003000 es
-«UN MILLON DOS MIL»): las pantallas lo escriben así. Redondee antes a centavos:
-12.999 da 100 centavos, y eso es el error 5.
+La letra es la del sistema, con sus blancos: 101 es «CIENTO  UNO». Las
+cantidades negativas no tienen letra; de mil millones en adelante se omite lo
+que pasa de los millones. En millones, los millares pueden quedar en uno menos
+(1003000 es «UN MILLON DOS MIL»): las pantallas lo escriben así. Redondee antes
+a centavos: 12.999 da 100 centavos, y eso es el error 5.
 )";
 
 constexpr std::string_view kExamples = R"(
