@@ -30,22 +30,26 @@
 #include "qvn/system/shell.h"
 #include "qvn/system/text_file.h"
 #include "qvn/text/account.h"
+#include "qvn/text/amount_in_words.h"
 #include "qvn/text/arithmetic.h"
+#include "qvn/text/calendar.h"
 #include "qvn/text/decimal_text.h"
 #include "qvn/text/keystrokes.h"
 #include "qvn/text/padding.h"
 #include "qvn/text/pattern.h"
 #include "qvn/text/replace.h"
+#include "qvn/text/scrambling.h"
 #include "qvn/text/search.h"
 #include "qvn/text/split.h"
+#include "qvn/text/statistics.h"
 #include "qvn/text/text_box_format.h"
 
 namespace qvn {
 
 LumLibreria::LumLibreria() : LumLibreria(dialogs::defaultDialogs()) {}
 
-LumLibreria::LumLibreria(dialogs::DialogsPtr dialogs, ClockPtr clock)
-    : dialogs_(std::move(dialogs)), clock_(std::move(clock)) {
+LumLibreria::LumLibreria(dialogs::DialogsPtr dialogs, ClockPtr clock, RandomPtr random)
+    : dialogs_(std::move(dialogs)), clock_(std::move(clock)), random_(std::move(random)) {
   data::registerBuiltInDrivers();
 }
 
@@ -268,6 +272,45 @@ std::int32_t LumLibreria::NivelDeCuenta(const Variant& cCuentaNivel1, const Vari
                                         const Variant& cCuentaNivel3, const Variant& cCuentaNivel4,
                                         const Variant& cCuentaNivel5) const {
   return text::NivelDeCuenta(cCuentaNivel1, cCuentaNivel2, cCuentaNivel3, cCuentaNivel4, cCuentaNivel5);
+}
+
+std::string LumLibreria::PonLetra(double& Numero, std::string& Leyenda, bool bolDecimales,
+                                  std::string_view strMoneda) const {
+  return text::PonLetra(Numero, Leyenda, bolDecimales, strMoneda);
+}
+
+std::string LumLibreria::Mes(std::int16_t nMes) const { return text::Mes(nMes); }
+std::string LumLibreria::Dia(Date dFecha) const { return text::Dia(dFecha); }
+std::int16_t LumLibreria::MesAnterior(std::int16_t nMes) const { return text::MesAnterior(nMes); }
+std::int16_t LumLibreria::MesSiguiente(std::int16_t nMes) const { return text::MesSiguiente(nMes); }
+bool LumLibreria::biciesto(std::int16_t nYear) const { return text::biciesto(nYear); }
+Date LumLibreria::Ud(std::int16_t nMes, std::int16_t nYear, bool bolUltimo) const {
+  return text::Ud(nMes, nYear, bolUltimo);
+}
+Date LumLibreria::ElSiguienteMes(std::int16_t nMes, std::int16_t nDia, std::int32_t& nYear) const {
+  return text::ElSiguienteMes(nMes, nDia, nYear);
+}
+Date LumLibreria::PrimerDiaDelaSemana(Date dFecha) const { return text::PrimerDiaDelaSemana(dFecha, *clock_); }
+std::int32_t LumLibreria::DateTimeSerial(Date dFecha, std::string_view tTiempo) const {
+  return text::DateTimeSerial(dFecha, tTiempo);
+}
+std::string LumLibreria::TimeLocal() const { return text::TimeLocal(*clock_); }
+bool LumLibreria::ValidaFecha(Date dFecha, const host::AmbientePtr& Ambiente, bool bolMensajes) const {
+  return text::ValidaFecha(dFecha, Ambiente, bolMensajes);
+}
+
+std::string LumLibreria::Encrypta(std::string_view cTexto, std::int16_t nLlave) const {
+  return text::Encrypta(cTexto, nLlave);
+}
+std::string LumLibreria::Decrypta(std::string_view cTexto, std::int16_t nLlave) const {
+  return text::Decrypta(cTexto, nLlave);
+}
+Variant LumLibreria::numeroAleatorio(std::int32_t upperbound, std::int32_t lowerbound) const {
+  return text::numeroAleatorio(upperbound, lowerbound, *random_);
+}
+double LumLibreria::StdDev(const Variant& a) const { return text::StdDev(a); }
+void LumLibreria::ShellSortAny(Variant& vArray, text::SortDirection SortOrder) const {
+  text::ShellSortAny(vArray, SortOrder);
 }
 
 void LumLibreria::ActualizaSaldo(const Variant& nCobranza, const host::AmbientePtr& Ambiente,

@@ -19,6 +19,8 @@
 #include <vector>
 
 #include "qvn/base/clock.h"
+#include "qvn/base/date.h"
+#include "qvn/base/random.h"
 #include "qvn/base/variant.h"
 #include "qvn/data/connection.h"
 #include "qvn/dialogs/dialogs.h"
@@ -30,6 +32,7 @@
 #include "qvn/host/text_box.h"
 #include "qvn/rowtext/text_data.h"
 #include "qvn/rowtext/ws_field.h"
+#include "qvn/text/shell_sort.h"
 
 namespace qvn {
 
@@ -40,7 +43,7 @@ class LumLibreria {
 
   /// With windows when the host has them, else with the dialogs of the terminal.
   LumLibreria();
-  explicit LumLibreria(dialogs::DialogsPtr dialogs, ClockPtr clock = systemClock());
+  explicit LumLibreria(dialogs::DialogsPtr dialogs, ClockPtr clock = systemClock(), RandomPtr random = pseudoRandom());
 
   // Recordsets: qvn/core/recordsets.h and saved_recordset.h
 
@@ -189,6 +192,32 @@ class LumLibreria {
   std::int32_t NivelDeCuenta(const Variant& cCuentaNivel1, const Variant& cCuentaNivel2, const Variant& cCuentaNivel3,
                              const Variant& cCuentaNivel4, const Variant& cCuentaNivel5) const;
 
+  // Amounts in words: qvn/text/amount_in_words.h
+
+  std::string PonLetra(double& Numero, std::string& Leyenda, bool bolDecimales, std::string_view strMoneda = "") const;
+
+  // Calendar: qvn/text/calendar.h
+
+  std::string Mes(std::int16_t nMes) const;
+  std::string Dia(Date dFecha) const;
+  std::int16_t MesAnterior(std::int16_t nMes) const;
+  std::int16_t MesSiguiente(std::int16_t nMes) const;
+  bool biciesto(std::int16_t nYear) const;
+  Date Ud(std::int16_t nMes, std::int16_t nYear, bool bolUltimo = false) const;
+  Date ElSiguienteMes(std::int16_t nMes, std::int16_t nDia, std::int32_t& nYear) const;
+  Date PrimerDiaDelaSemana(Date dFecha) const;
+  std::int32_t DateTimeSerial(Date dFecha, std::string_view tTiempo) const;
+  std::string TimeLocal() const;
+  bool ValidaFecha(Date dFecha, const host::AmbientePtr& Ambiente, bool bolMensajes = true) const;
+
+  // Scrambling, chance, statistics, sorting: qvn/text/scrambling.h, statistics.h and shell_sort.h
+
+  std::string Encrypta(std::string_view cTexto, std::int16_t nLlave) const;
+  std::string Decrypta(std::string_view cTexto, std::int16_t nLlave) const;
+  Variant numeroAleatorio(std::int32_t upperbound, std::int32_t lowerbound) const;
+  double StdDev(const Variant& a) const;
+  void ShellSortAny(Variant& vArray, text::SortDirection SortOrder = text::SortDirection::SortAscending) const;
+
   // Customer receivables: qvn/ledger/receivables.h
 
   void ActualizaSaldo(const Variant& nCobranza, const host::AmbientePtr& Ambiente, host::QueryPtr& Query) const;
@@ -241,6 +270,7 @@ class LumLibreria {
  private:
   dialogs::DialogsPtr dialogs_;
   ClockPtr clock_;
+  RandomPtr random_;
 };
 
 }  // namespace qvn
