@@ -19,6 +19,7 @@ extern const Command kLotesCommand;
 extern const Command kPreciosCommand;
 extern const Command kConsecutivoCommand;
 extern const Command kSqlCommand;
+extern const Command kFilaCommand;
 extern const Command kConexionCommand;
 extern const Command kFormatoCommand;
 extern const Command kLetraCommand;

@@ -1,8 +1,10 @@
 #include "apps/qvn/row_writer.h"
 
+#include <algorithm>
 #include <array>
 
 #include "apps/qvn/field_text.h"
+#include "apps/qvn/options.h"
 #include "apps/qvn/table_writer.h"
 #include "apps/qvn/terminal_text.h"
 
@@ -51,6 +53,15 @@ std::int64_t RowWriter::writeAll(data::Recordset& rows) {
 }
 
 std::span<const RowFormat> rowFormats() { return kFormats; }
+
+const RowFormat& rowFormat(std::optional<std::string_view> name) {
+  if (!name) return kFormats.front();
+  const auto* const found = std::ranges::find(kFormats, *name, &RowFormat::name);
+  if (found == kFormats.end()) {
+    throw UsageError("no existe el formato «" + safeText(*name) + "»; hay tabla, csv y json");
+  }
+  return *found;
+}
 
 std::unique_ptr<RowWriter> tableRows(Output& out, std::size_t widestText) {
   return std::make_unique<TableRows>(out, widestText);

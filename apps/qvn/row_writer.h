@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -31,6 +32,9 @@ struct RowFormat {
 
 /// tabla, csv and json, the usual one first. `widestText` is where a table cuts its texts.
 std::span<const RowFormat> rowFormats();
+
+/// The form of that name, the usual one without a name. Throws UsageError when there is none of it.
+const RowFormat& rowFormat(std::optional<std::string_view> name);
 
 /// Aligned columns for people.
 std::unique_ptr<RowWriter> tableRows(Output& out, std::size_t widestText);

@@ -58,14 +58,6 @@ std::string readStatement(const Arguments& arguments) {
   return statement;
 }
 
-const RowFormat& chosenFormat(const Arguments& arguments) {
-  const std::string_view name = arguments.value(kFormatOption.name).value_or(rowFormats().front().name);
-  const auto found = std::ranges::find(rowFormats(), name, &RowFormat::name);
-  if (found == rowFormats().end())
-    throw UsageError("no existe el formato «" + safeText(name) + "»; hay tabla, csv y json");
-  return *found;
-}
-
 std::optional<std::chrono::seconds> chosenWait(const Arguments& arguments) {
   const auto text = arguments.value(kWaitOption.name);
   if (!text) return std::nullopt;
@@ -81,7 +73,7 @@ std::optional<std::chrono::seconds> chosenWait(const Arguments& arguments) {
 std::string rowCount(std::int64_t count) { return std::to_string(count) + (count == 1 ? " registro" : " registros"); }
 
 ExitStatus runSql(const Arguments& arguments, Context& context) {
-  const RowFormat& format = chosenFormat(arguments);
+  const RowFormat& format = rowFormat(arguments.value(kFormatOption.name));
   const bool isTable = &format == &rowFormats().front();
   const auto wait = chosenWait(arguments);
   const std::string statement = readStatement(arguments);
