@@ -19,12 +19,15 @@ std::size_t checkedOffset(const Variant& position, std::size_t count) {
 
 void Collection::Add(Variant value, std::string_view key, const Variant& before, const Variant& after) {
   if (!before.isEmpty() && !after.isEmpty()) throw RuntimeError(error_number::kInvalidCall);
-  auto entry = std::make_unique<Entry>(Entry{std::move(value), upperCase(key)});
-  if (keys_.find(entry->key) != nullptr) throw RuntimeError(error_number::kDuplicateKey);
+  std::string upperKey = upperCase(key);
+  if (!upperKey.empty() && keys_.find(upperKey) != nullptr) throw RuntimeError(error_number::kDuplicateKey);
   const std::size_t offset = !before.isEmpty()  ? offsetOf(before)
                              : !after.isEmpty() ? offsetOf(after) + 1
                                                 : entries_.size();
-  Entry& added = **entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(offset), std::move(entry));
+  Entry& added = pool_.take();
+  added.value = std::move(value);
+  added.key = std::move(upperKey);
+  entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(offset), &added);
   if (!added.key.empty()) keys_.add(added);
 }
 
@@ -33,8 +36,10 @@ const Variant& Collection::Item(const Variant& indexOrKey) const { return find(i
 
 void Collection::Remove(const Variant& indexOrKey) {
   const auto at = entries_.begin() + static_cast<std::ptrdiff_t>(offsetOf(indexOrKey));
-  if (!(*at)->key.empty()) keys_.remove(**at);
+  Entry& removed = **at;
+  if (!removed.key.empty()) keys_.remove(removed);
   entries_.erase(at);
+  pool_.giveBack(removed);
 }
 
 Collection::Entry& Collection::find(const Variant& indexOrKey) const {
@@ -52,7 +57,7 @@ std::size_t Collection::offsetOf(const Variant& indexOrKey) const {
   const auto* key = indexOrKey.getIf<std::string>();
   if (key == nullptr) return checkedOffset(indexOrKey, entries_.size());
   const Entry* entry = &findKey(*key);
-  const auto at = std::ranges::find(entries_, entry, [](const auto& held) -> const Entry* { return held.get(); });
+  const auto at = std::ranges::find(entries_, entry);
   return static_cast<std::size_t>(at - entries_.begin());
 }
 

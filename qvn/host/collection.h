@@ -14,6 +14,7 @@
 #include <string_view>
 
 #include "qvn/base/variant.h"
+#include "qvn/host/internal/entry_pool.h"
 #include "qvn/host/internal/key_index.h"
 
 namespace qvn::host {
@@ -27,7 +28,7 @@ class Collection final : public Object {
     Variant value;
     std::string key;  // upper-cased; "" when there is none
   };
-  using Entries = std::deque<std::unique_ptr<Entry>>;
+  using Entries = std::deque<Entry*>;
 
  public:
   /// Walks the values in order.
@@ -82,6 +83,7 @@ class Collection final : public Object {
   [[nodiscard]] Entry& findKey(std::string_view key) const;
   [[nodiscard]] std::size_t offsetOf(const Variant& indexOrKey) const;
 
+  internal::EntryPool<Entry> pool_;
   Entries entries_;
   internal::KeyIndex<Entry> keys_;
 };

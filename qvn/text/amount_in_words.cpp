@@ -51,24 +51,41 @@ std::string tensAndUnits(std::size_t tens, std::size_t units) {
   return text.append(isJoined && units == 1 ? kOneAfterTens : kUnits[units]);
 }
 
-// The slots of hundreds, tens and units of every number below 1000, joined and not trimmed.
+// The slots of hundreds, tens and units of every number below 1000, joined and not trimmed. They stand close together,
+// because an amount takes three of them from anywhere.
 class SlotTable {
  public:
   SlotTable() {
-    for (std::size_t number = 0; number < texts_.size(); ++number) {
-      texts_[number] = number == 100 ? kExactHundred : kHundreds[number / 100];
-      texts_[number].append(" ").append(tensAndUnits(number / 10 % 10, number % 10));
+    for (std::size_t number = 0; number < places_.size(); ++number) {
+      std::string slots(number == 100 ? kExactHundred : kHundreds[number / 100]);
+      slots.append(" ").append(tensAndUnits(number / 10 % 10, number % 10));
+      const std::size_t blanks = std::min(slots.find_first_not_of(' '), slots.size());
+      places_[number] = {static_cast<std::uint16_t>(text_.size()), static_cast<std::uint8_t>(slots.size()),
+                         static_cast<std::uint8_t>(blanks)};
+      text_ += slots;
     }
   }
-  [[nodiscard]] std::string_view of(std::size_t number) const { return texts_[number]; }
+  [[nodiscard]] std::string_view of(std::size_t number) const {
+    const Place& place = places_[number];
+    return {text_.data() + place.start, place.size};
+  }
+  [[nodiscard]] std::string_view withoutBlanksInFront(std::size_t number) const {
+    return of(number).substr(places_[number].blanks);
+  }
 
  private:
-  std::array<std::string, 1000> texts_;
+  struct Place {
+    std::uint16_t start = 0;
+    std::uint8_t size = 0;
+    std::uint8_t blanks = 0;  // in front
+  };
+  std::string text_;
+  std::array<Place, 1000> places_;
 };
 
-std::string_view slots(std::size_t number) {
+const SlotTable& slotTable() {
   static const SlotTable kTable;
-  return kTable.of(number);
+  return kTable;
 }
 
 struct Parts {
@@ -102,8 +119,7 @@ void appendGroup(std::string& text, double group, const GroupName& name) {
     text.append(name.one);
   } else if (group > 1) {
     // Blanks before the words are trimmed away, those between them and the name of the group are not.
-    const std::string_view words = slots(static_cast<std::size_t>(group));
-    text.append(words.substr(words.find_first_not_of(' '))).append(name.many);
+    text.append(slotTable().withoutBlanksInFront(static_cast<std::size_t>(group))).append(name.many);
   }
 }
 
@@ -117,7 +133,7 @@ void appendWords(std::string& text, double& number) {
   appendGroup(text, parts.millions, kMillions);
   text.append(" ");
   appendGroup(text, parts.thousands, kThousands);
-  text.append(" ").append(slots(parts.lastThree));
+  text.append(" ").append(slotTable().of(parts.lastThree));
   if (number == 0) text.append(kZero);
   number = static_cast<double>(parts.rest);
 }

@@ -53,7 +53,7 @@ class KeyIndex {
   void place(const Slot& slot) { slots_[placeOf(slot.entry->key, slot.hash)] = slot; }
 
   void grow() {
-    constexpr std::size_t kFirstSize = 16;
+    constexpr std::size_t kFirstSize = 64;
     const std::vector<Slot> old =
         std::exchange(slots_, std::vector<Slot>(slots_.empty() ? kFirstSize : 2 * slots_.size()));
     for (const Slot& slot : old) {
