@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <memory>
 #include <vector>
 
 namespace qvn::host::internal {
@@ -31,13 +30,12 @@ class EntryPool {
     constexpr std::size_t kLargest = 1024;
     const std::size_t size = blocks_.empty() ? kFirst : std::min(2 * lastSize_, kLargest);
     free_.reserve(free_.size() + size);
-    auto block = std::make_unique<Entry[]>(size);
+    std::vector<Entry>& block = blocks_.emplace_back(size);
     for (std::size_t i = size; i > 0; --i) free_.push_back(&block[i - 1]);
-    blocks_.push_back(std::move(block));
     lastSize_ = size;
   }
 
-  std::vector<std::unique_ptr<Entry[]>> blocks_;
+  std::vector<std::vector<Entry>> blocks_;  // none of them grows
   std::size_t lastSize_ = 0;
   std::vector<Entry*> free_;
 };
