@@ -1,0 +1,47 @@
+// Pictures of all dialogs, for looking at them:  QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=2 dialog_pictures FOLDER
+#include <QApplication>
+#include <QDir>
+#include <QPixmap>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <iostream>
+
+#include "qvn/dialogs/qt/qt_dialogs.h"
+
+namespace {
+
+// Takes a picture of the window that `open` shows, and closes it.
+void picture(const QString& file, const std::function<void()>& open) {
+  QTimer::singleShot(200, qApp, [file] {
+    QWidget* const window = QApplication::activeModalWidget();
+    if (window == nullptr || !window->grab().save(file)) std::cerr << "no picture: " << file.toStdString() << '\n';
+    if (window != nullptr) window->close();
+  });
+  open();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  if (argc != 2 || !QDir().mkpath(argv[1])) return 2;
+  const QDir folder(argv[1]);
+  qvn::dialogs::Dialogs& dialogs = *qvn::dialogs::qtDialogs();
+  const std::string text =
+      "No es posible actualizar el registro porque otro usuario lo esta usando o tiene dos ventanas con el mismo "
+      "registro abiertas";
+  std::string longText;
+  for (int i = 1; i < 60; ++i) longText += "Renglón " + std::to_string(i) + ": " + text + "\n";
+  picture(folder.filePath("mensaje.png"), [&] { dialogs.message(text); });
+  picture(folder.filePath("mensaje_largo.png"), [&] { dialogs.message(longText); });
+  picture(folder.filePath("alerta.png"), [&] { dialogs.alert(text); });
+  picture(folder.filePath("pregunta.png"), [&] { dialogs.question("¿Desea borrar el respaldo anterior?", 2); });
+  picture(folder.filePath("opciones.png"), [&] { dialogs.choice("El archivo ya existe. ¿Desea sobrescribirlo?", 1); });
+  picture(folder.filePath("opciones_largo.png"), [&] { dialogs.choice(longText, 1); });
+  picture(folder.filePath("entrada.png"), [&] { dialogs.entry("Nombre del cliente"); });
+  picture(folder.filePath("contrasena.png"), [&] { dialogs.password("Contraseña", nullptr); });
+  picture(folder.filePath("teclado.png"), [&] { dialogs.keyboard("Ferretería Muñoz"); });
+  picture(folder.filePath("cuadro.png"), [&] { dialogs.show(text, 64, "Quorvin POS"); });
+  return 0;
+}
