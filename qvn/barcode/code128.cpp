@@ -72,12 +72,12 @@ class Encoder {
   void encodeSetB(std::string_view characters) {
     for (const char character : characters) {
       weight_ = toInteger16(weight_ + 1);
+      start(kStartB);
       if (character < ' ' || character > '~') {
         throw RuntimeError(error_number::kSubscriptOutOfRange);
       }
       const int value = character - ' ';
       checkSum_ += std::int64_t{value} * weight_;
-      start(kStartB);
       draw(value);
     }
   }

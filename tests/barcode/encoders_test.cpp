@@ -43,9 +43,12 @@ TEST(Code128, SymbolsOfTheCaption) {
 TEST(Code128, CharacterOutsideSetBFailsAfterPartWasDrawn) {
   for (const std::string_view caption : {"A\x1f", "A\x7f", "Añ"}) {
     ModuleString symbol;
-    EXPECT_EQ(errorOf([&] { encodeCode128(caption, TrailingDigits::FourOrMore, symbol); }), 9);
+    EXPECT_EQ(test::errorNumber([&] { encodeCode128(caption, TrailingDigits::FourOrMore, symbol); }), 9);
     EXPECT_EQ(symbol.text(), kStartB + kA);
   }
+  ModuleString symbol;
+  EXPECT_EQ(test::errorNumber([&] { encodeCode128("\t", TrailingDigits::FourOrMore, symbol); }), 9);
+  EXPECT_EQ(symbol.text(), kStartB);
 }
 
 TEST(Code128, EstimatedSymbols) {
@@ -63,10 +66,10 @@ TEST(Code128, EstimatedSymbols) {
 TEST(Barcodes, CountsBeyond16BitsOverflow) {
   for (const char character : {'A', '7'}) {
     const std::string caption(40000, character);
-    EXPECT_EQ(errorOf([&] { estimatedSymbols(caption); }), 6);
-    EXPECT_EQ(errorOf([&] { code128(caption); }), 6);
+    EXPECT_EQ(test::errorNumber([&] { estimatedSymbols(caption); }), 6);
+    EXPECT_EQ(test::errorNumber([&] { code128(caption); }), 6);
     ModuleString symbol;
-    EXPECT_EQ(errorOf([&] { encodeCode39(caption, WithCheckCharacter::No, symbol); }), 6);
+    EXPECT_EQ(test::errorNumber([&] { encodeCode39(caption, WithCheckCharacter::No, symbol); }), 6);
   }
 }
 
