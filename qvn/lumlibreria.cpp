@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "qvn/barcode/ean.h"
 #include "qvn/core/access_database.h"
 #include "qvn/core/consecutive.h"
 #include "qvn/core/date_literal.h"
@@ -401,5 +402,8 @@ void LumLibreria::SalvaHistCamb(std::string_view Articulo, double precio1, doubl
                         {precio1, precio2, precio3, precio4, precio5, precio6, precio7, precio8, precio9, precio10},
                         Ambiente, clock_);
 }
+
+std::int16_t LumLibreria::getEAN13ChekDigit(std::string_view text) const { return barcode::getEAN13ChekDigit(text); }
+std::int16_t LumLibreria::getBarcodeData(const Variant& /*data*/) const { return 0; }
 
 }  // namespace qvn

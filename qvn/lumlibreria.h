@@ -267,6 +267,12 @@ class LumLibreria {
                      double precio4 = 0, double precio5 = 0, double precio6 = 0, double precio7 = 0, double precio8 = 0,
                      double precio9 = 0, double precio10 = 0, const host::AmbientePtr& Ambiente = nullptr) const;
 
+  // Barcodes: qvn/barcode/ean.h
+
+  std::int16_t getEAN13ChekDigit(std::string_view text) const;
+  /// Always 0.
+  std::int16_t getBarcodeData(const Variant& data) const;
+
  private:
   dialogs::DialogsPtr dialogs_;
   ClockPtr clock_;
