@@ -15,7 +15,7 @@ namespace qvn::barcode {
 /// Bars begin 10 pixels from the top and are `zBarH` x 10 pixels high, each module one pixel wide. The canvas is
 /// cleared first and sized for the symbol. A caption that cannot be drawn is told in the message box and leaves it
 /// cleared. All methods throw RuntimeError 6 for captions of more than 32,767 characters that they would draw.
-class odenBarcode {
+class odenBarcode {  // NOLINT(readability-identifier-naming): its documented name
  public:
   /// `messages` must outlive the object.
   explicit odenBarcode(host::MessageBox& messages) : messages_(messages) {}

@@ -19,7 +19,7 @@ const std::shared_ptr<T>& required(const std::shared_ptr<T>& object) {
 template <typename T>
 T& objectIn(const Variant& value) {
   const ObjectPtr* const object = value.getIf<ObjectPtr>();
-  T* const wanted = object == nullptr ? nullptr : dynamic_cast<T*>(object->get());
+  auto* const wanted = object == nullptr ? nullptr : dynamic_cast<T*>(object->get());
   if (wanted == nullptr) throw RuntimeError(error_number::kTypeMismatch);
   return *wanted;
 }
