@@ -34,7 +34,7 @@ class CapturedProcess {
 
   /// Waits for output and gives what one read of the pipe holds; 0 when the program and all that it started have closed
   /// their ends.
-  std::size_t read(std::span<char> buffer);
+  std::size_t read(std::span<char> buffer) const;
 
  private:
   StartOutcome outcome_ = StartOutcome::Started;

@@ -119,7 +119,7 @@ CapturedProcess::~CapturedProcess() {
   if (process_ > 0) bury(process_);
 }
 
-std::size_t CapturedProcess::read(std::span<char> buffer) {
+std::size_t CapturedProcess::read(std::span<char> buffer) const {
   while (true) {
     const ssize_t count = ::read(pipe_, buffer.data(), buffer.size());
     if (count >= 0) return static_cast<std::size_t>(count);
