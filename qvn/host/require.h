@@ -18,7 +18,7 @@ const std::shared_ptr<T>& required(const std::shared_ptr<T>& object) {
 /// The T that a value holds. Throws RuntimeError 13 when it holds something else.
 template <typename T>
 T& objectIn(const Variant& value) {
-  const ObjectPtr* const object = value.getIf<ObjectPtr>();
+  const auto* const object = value.getIf<ObjectPtr>();
   auto* const wanted = object == nullptr ? nullptr : dynamic_cast<T*>(object->get());
   if (wanted == nullptr) throw RuntimeError(error_number::kTypeMismatch);
   return *wanted;
