@@ -56,6 +56,7 @@ class RecalculationBesideAStation : public testing::TestWithParam<Meeting> {
       if (!GetParam().stationWaits) payment.wait();
     });
     auto error = test::providerError([&] { recalculate(LedgerSide::Customers, books_.connection()); });
+    books_.connection()->setStatementObserver({});
     payment.get();
     return error;
   }

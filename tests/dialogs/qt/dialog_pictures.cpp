@@ -27,7 +27,8 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   if (argc != 2 || !QDir().mkpath(argv[1])) return 2;
   const QDir folder(argv[1]);
-  qvn::dialogs::Dialogs& dialogs = *qvn::dialogs::qtDialogs();
+  const qvn::dialogs::DialogsPtr held = qvn::dialogs::qtDialogs();
+  qvn::dialogs::Dialogs& dialogs = *held;
   const std::string text =
       "No es posible actualizar el registro porque otro usuario lo esta usando o tiene dos ventanas con el mismo "
       "registro abiertas";

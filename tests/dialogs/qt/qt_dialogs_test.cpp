@@ -60,8 +60,9 @@ class QtDialogs : public testing::Test {
 
 TEST_F(QtDialogs, AreTheDefaultOfAProcessWithWindows) {
   ASSERT_NE(dialogs_, nullptr);
-  Dialogs& chosen = *defaultDialogs();
-  Dialogs& windows = *dialogs_;
+  const DialogsPtr held = defaultDialogs();
+  const Dialogs& chosen = *held;
+  const Dialogs& windows = *dialogs_;
   EXPECT_STREQ(typeid(chosen).name(), typeid(windows).name());
 }
 
