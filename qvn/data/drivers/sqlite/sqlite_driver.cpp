@@ -51,6 +51,7 @@ class SqliteSession final : public Session {
   int firstStep(sqlite3_stmt* statement);
 
   sqlite::DatabaseHandle database_;
+  sqlite::StatementCachePtr statements_ = std::make_shared<sqlite::StatementCache>();
   std::chrono::seconds timeout_{};
   steady_clock::time_point deadline_ = steady_clock::time_point::max();  // of the statement whose first row is awaited
 };
@@ -69,6 +70,7 @@ sqlite::StatementHandle prepareOne(sqlite3* database, std::string_view sql, std:
 }
 
 sqlite::StatementHandle SqliteSession::prepare(std::string_view sql) {
+  if (sqlite::StatementHandle known = statements_->take(sql)) return known;
   if (sql.find('\0') != std::string_view::npos) {
     throw sqlite::errorWithText(SQLITE_ERROR, "La sentencia lleva un carácter nulo, donde el motor dejaría de leer");
   }
@@ -99,14 +101,15 @@ StatementResult SqliteSession::execute(std::string_view sql) {
   if (code != SQLITE_ROW && code != SQLITE_DONE) {
     throw sqlite::lastError(database_.get(), "No se pudo ejecutar la sentencia");
   }
+  sqlite::CachedStatement ran(std::move(statement), statements_);
   StatementResult result;
   // The count of changes is that of the last statement that made any.
   if (sqlite3_total_changes64(database_.get()) != changesBefore) {
     result.affectedRows = sqlite3_changes64(database_.get());
     result.insertedNumber = sqlite3_last_insert_rowid(database_.get());
   }
-  if (sqlite3_column_count(statement.get()) > 0) {
-    result.cursor = std::make_unique<sqlite::SqliteCursor>(std::move(statement), code == SQLITE_ROW);
+  if (sqlite3_column_count(ran.get()) > 0) {
+    result.cursor = std::make_unique<sqlite::SqliteCursor>(std::move(ran), code == SQLITE_ROW);
   }
   return result;
 }
