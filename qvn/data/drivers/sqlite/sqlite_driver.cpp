@@ -20,6 +20,10 @@ using std::chrono::steady_clock;
 // Steps of the engine's virtual machine between two looks at the clock; some microseconds' worth.
 constexpr int kStepsPerLook = 4096;
 
+// Of the block that a connection keeps for statements; those that are kept ready need some too.
+constexpr int kPieceBytes = 1200;
+constexpr int kPieces = 300;
+
 class SqliteSession final : public Session {
  public:
   SqliteSession(sqlite::DatabaseHandle database, std::chrono::seconds timeout) : database_(std::move(database)) {
@@ -162,6 +166,8 @@ class SqliteDriver final : public Driver {
     const std::string doing = "No se pudo abrir la base de datos «" + path + "»";
     if (code != SQLITE_OK) throw sqlite::lastError(database.get(), doing);
     sqlite3_extended_result_codes(database.get(), 1);
+    // Before the first statement: the engine then takes the small pieces that statements are made of from one block.
+    sqlite3_db_config(database.get(), SQLITE_DBCONFIG_LOOKASIDE, nullptr, kPieceBytes, kPieces);
     auto session = std::make_unique<SqliteSession>(std::move(database), request.commandTimeout);
     // The file is first read here, so that what is no database is refused now and not at the first statement; another
     // station that writes is waited for.
