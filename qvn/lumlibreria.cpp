@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "qvn/barcode/cairo/barcode_picture.h"
 #include "qvn/barcode/ean.h"
 #include "qvn/core/access_database.h"
 #include "qvn/core/consecutive.h"
@@ -403,6 +404,20 @@ void LumLibreria::SalvaHistCamb(std::string_view Articulo, double precio1, doubl
                         Ambiente, clock_);
 }
 
+barcode::PicturePtr LumLibreria::Barcode128(std::int16_t zBarH, std::string_view BarText, bool HasCaption) const {
+  return barcode::pictureOf({barcode::Symbology::Code128, zBarH, std::string(BarText), HasCaption}, *dialogs_);
+}
+barcode::PicturePtr LumLibreria::Barcode3de9(std::int16_t zBarH, std::string_view BarText, bool zWithCheckSum,
+                                             bool HasCaption) const {
+  return barcode::pictureOf({barcode::Symbology::Code39, zBarH, std::string(BarText), HasCaption, zWithCheckSum},
+                            *dialogs_);
+}
+barcode::PicturePtr LumLibreria::BarcodeEAN13(std::int16_t zBarH, std::string_view BarText, bool HasCaption) const {
+  return barcode::pictureOf({barcode::Symbology::Ean13, zBarH, std::string(BarText), HasCaption}, *dialogs_);
+}
+barcode::PicturePtr LumLibreria::BarcodeEAN8(std::int16_t zBarH, std::string_view BarText, bool HasCaption) const {
+  return barcode::pictureOf({barcode::Symbology::Ean8, zBarH, std::string(BarText), HasCaption}, *dialogs_);
+}
 std::int16_t LumLibreria::getEAN13ChekDigit(std::string_view text) const { return barcode::getEAN13ChekDigit(text); }
 std::int16_t LumLibreria::getBarcodeData(const Variant& /*data*/) const { return 0; }
 

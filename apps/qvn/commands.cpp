@@ -11,7 +11,7 @@ constexpr auto kCommands = std::to_array<const Command*>({
     &kSurtirCommand,     &kRecibirCommand, &kLotesCommand,          &kPreciosCommand,    &kConsecutivoCommand,
     &kSqlCommand,        &kFilaCommand,    &kConexionCommand,       &kFormatoCommand,    &kLetraCommand,
     &kCalendarioCommand, &kCifraCommand,   &kDescifraCommand,       &kEjecutaCommand,    &kMensajeCommand,
-    &kPreguntaCommand,   &kEntradaCommand, &kBitacoraCommand,
+    &kPreguntaCommand,   &kEntradaCommand, &kBitacoraCommand,       &kBarrasCommand,
 });
 
 }  // namespace

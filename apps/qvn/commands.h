@@ -30,6 +30,7 @@ extern const Command kEjecutaCommand;
 extern const Command kMensajeCommand;
 extern const Command kPreguntaCommand;
 extern const Command kEntradaCommand;
+extern const Command kBarrasCommand;
 extern const Command kBitacoraCommand;
 
 /// All of them, in the order in which help lists them.
