@@ -25,6 +25,8 @@
 #include "qvn/ledger/price_history.h"
 #include "qvn/ledger/receivables.h"
 #include "qvn/ledger/stock.h"
+#include "qvn/mysqladmin/database_backup.h"
+#include "qvn/mysqladmin/table_repair.h"
 #include "qvn/rowtext/read_record.h"
 #include "qvn/rowtext/write_record.h"
 #include "qvn/system/dos_outputs.h"
@@ -401,6 +403,16 @@ void LumLibreria::SalvaHistCamb(std::string_view Articulo, double precio1, doubl
   ledger::SalvaHistCamb(Articulo,
                         {precio1, precio2, precio3, precio4, precio5, precio6, precio7, precio8, precio9, precio10},
                         Ambiente, clock_);
+}
+
+mysqladmin::BackupReport LumLibreria::DatabaseBackup(std::string_view strFileName, const ConnectionPtr& conn) const {
+  return mysqladmin::DatabaseBackup(strFileName, conn, *clock_);
+}
+mysqladmin::RestoreReport LumLibreria::DatabaseRestore(std::string_view strFileName, const ConnectionPtr& conn) const {
+  return mysqladmin::DatabaseRestore(strFileName, conn);
+}
+void LumLibreria::ReparaTabla(std::string_view text, const ConnectionPtr& Connection) const {
+  mysqladmin::ReparaTabla(text, Connection, *dialogs_, *clock_);
 }
 
 std::int16_t LumLibreria::getEAN13ChekDigit(std::string_view text) const { return barcode::getEAN13ChekDigit(text); }

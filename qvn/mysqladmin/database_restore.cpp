@@ -1,8 +1,6 @@
 #include "qvn/mysqladmin/database_restore.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <utility>
 
 #include "qvn/base/letter_case.h"
@@ -41,6 +39,16 @@ void noteTable(std::string_view statement, std::string& table) {
     if (table.ends_with('`')) table.pop_back();
     return;
   }
+}
+
+// The next word of letters in capitals, taken off the front.
+std::string takeWord(std::string_view& statement) {
+  static constexpr std::string_view kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_";
+  statement.remove_prefix(std::min(statement.find_first_not_of(" \t\r\n"), statement.size()));
+  const std::size_t size = std::min(statement.find_first_not_of(kLetters), statement.size());
+  const std::string word = upperCase(statement.substr(0, size));
+  statement.remove_prefix(size);
+  return word;
 }
 
 bool isEmptyQuery(const data::ProviderError& error) {
@@ -117,14 +125,15 @@ RestoreReport restoreByGrammar(std::string_view path, const data::ConnectionPtr&
 }
 
 bool concernsDatabase(std::string_view statement) {
-  static constexpr auto kStarts = std::to_array<std::string_view>(
-      {"DROP DATABASE ", "CREATE DATABASE ", "USE ", "DROP SCHEMA ", "CREATE SCHEMA ", "ALTER DATABASE "});
   if (statement.starts_with("/*!") || statement.starts_with("/*M!")) {
     statement.remove_prefix(std::min(statement.find_first_not_of("/*M!0123456789 "), statement.size()));
   }
-  return std::ranges::any_of(kStarts, [&](std::string_view start) {
-    return statement.size() > start.size() && equalIgnoringCase(statement.substr(0, start.size()), start);
-  });
+  const std::string first = takeWord(statement);
+  if (first == "USE") return true;
+  if (first != "DROP" && first != "CREATE" && first != "ALTER") return false;
+  std::string what = takeWord(statement);
+  if (what == "OR" && takeWord(statement) == "REPLACE") what = takeWord(statement);
+  return what == "DATABASE" || what == "SCHEMA";
 }
 
 }  // namespace qvn::mysqladmin
