@@ -1,7 +1,6 @@
 #include "qvn/mysqladmin/faithful_backup.h"
 
 #include <algorithm>
-#include <optional>
 #include <vector>
 
 #include "qvn/data/provider_error.h"
@@ -67,6 +66,8 @@ class FaithfulDump {
 
   void write(Clock& clock) {
     const std::vector<DatabaseTable> tables = readTables(connection_);
+    // A session that locks tables can look at no view.
+    const std::string views = viewStatements(tables);
     freeze(tables, connection_);
     writeHeader(clock);
     RowTransfer transfer(writer_, connection_, observe_, report_);
@@ -76,7 +77,7 @@ class FaithfulDump {
       if (table.kind == TableKind::Table) writeTable(table, transfer);
       if (report_.wasInterrupted) return;
     }
-    writeViews(tables);
+    writer_ << views;
     writeTriggers();
     writer_ << "\n" << kFormerSettings << "\n# Fin del Respaldo: " << dumpMoment(clock.now()) << "\n";
   }
@@ -116,7 +117,8 @@ class FaithfulDump {
   }
 
   // Views may read other views: each stands first for its columns alone.
-  void writeViews(const std::vector<DatabaseTable>& tables) {
+  std::string viewStatements(const std::vector<DatabaseTable>& tables) {
+    std::string placeholders;
     std::string definitions;
     for (const DatabaseTable& table : tables) {
       if (table.kind != TableKind::View) continue;
@@ -127,15 +129,14 @@ class FaithfulDump {
         for (const DatabaseColumn& column : readColumns(table.name, connection_)) {
           columns.append(columns.empty() ? "" : ", ").append("1 AS ").append(quotedName(column.name));
         }
-        writeHeading("Vista " + table.name);
-        writer_ << "CREATE OR REPLACE VIEW " << name << " AS SELECT " << columns << ";\n";
+        placeholders += "CREATE OR REPLACE VIEW " + name + " AS SELECT " + columns + ";\n";
         definitions += "CREATE OR REPLACE" + create.substr(std::string_view("CREATE").size()) + ";\n";
       } catch (const data::ProviderError& error) {
         // One that reads what is no longer there.
         report_.skip(table.name, "SHOW CREATE VIEW", error);
       }
     }
-    if (!definitions.empty()) writer_ << "\n" << definitions;
+    return placeholders.empty() ? "" : "\n#\n# Vistas\n#\n" + placeholders + definitions;
   }
 
   // Their texts hold ";" and lines of their own, and each runs in the mode that it was made in.

@@ -37,19 +37,21 @@ void writeFlag(const std::string& table, std::string_view action, int flag, cons
   builder.Ejecuta();
 }
 
-// What the dialog shows in the end.
-std::string outcome(const std::string& table, const data::ConnectionPtr& connection) {
+RepairOutcome analyze(const std::string& table, const data::ConnectionPtr& connection,
+                      const dialogs::Dialogs::Show& show) {
   const auto result = connection->Execute("ANALYZE TABLE " + table);
   const std::string type = result->Fields("msg_type").Value().toText();
   // Servers write "Error".
   if (equalIgnoringCase(utf8::trimBlanks(type), "error")) {
-    return "Reparando: " + table + "\r\n\r\nEs necesario reparar con el comando myisamchk";
+    show("Reparando: " + table + "\r\n\r\nEs necesario reparar con el comando myisamchk");
+    return RepairOutcome::NeedsOfflineTool;
   }
-  return "Reparando: " + table + "\r\n" + type + " " + result->Fields("msg_text").Value().toText();
+  show("Reparando: " + table + "\r\n" + type + " " + result->Fields("msg_text").Value().toText());
+  return RepairOutcome::Repaired;
 }
 
-void repair(const std::string& table, const data::ConnectionPtr& connection, Clock& clock,
-            const dialogs::Dialogs::Show& show) {
+RepairOutcome repair(const std::string& table, const data::ConnectionPtr& connection, Clock& clock,
+                     const dialogs::Dialogs::Show& show) {
   const auto note = [&](std::string_view field) {
     connection->Execute("UPDATE reparando SET " + std::string(field) + " = '" + momentText(clock) + "' WHERE " +
                         conditionFor(table));
@@ -58,13 +60,13 @@ void repair(const std::string& table, const data::ConnectionPtr& connection, Clo
   connection->Execute("REPAIR TABLE " + table);
   connection->Execute("FLUSH TABLES");
   note("fechafin");
-  show(outcome(table, connection));
+  return analyze(table, connection, show);
 }
 
 }  // namespace
 
-void ReparaTabla(std::string_view text, const data::ConnectionPtr& Connection, dialogs::Dialogs& dialogs,
-                 Clock& clock) {
+RepairOutcome ReparaTabla(std::string_view text, const data::ConnectionPtr& Connection, dialogs::Dialogs& dialogs,
+                          Clock& clock) {
   const data::ConnectionPtr& connection = host::required(Connection);
   const std::string table = damagedTable(text);
   if (lowerCase(table) == kBookkeeping) {
@@ -72,11 +74,13 @@ void ReparaTabla(std::string_view text, const data::ConnectionPtr& Connection, d
     connection->Execute("FLUSH TABLES");
   }
   const Known known = lookUp(table, connection);
-  if (known == Known::UnderWay) return;
+  if (known == Known::UnderWay) return RepairOutcome::UnderWay;
   if (known == Known::No) writeFlag(table, "INSERT", 1, connection);
+  auto outcome = RepairOutcome::Repaired;
   dialogs.progress("Reparando: " + table,
-                   [&](const dialogs::Dialogs::Show& show) { repair(table, connection, clock, show); });
+                   [&](const dialogs::Dialogs::Show& show) { outcome = repair(table, connection, clock, show); });
   writeFlag(table, "UPDATE", 0, connection);
+  return outcome;
 }
 
 std::string damagedTable(std::string_view text) {
