@@ -82,6 +82,8 @@ void appendFaithfully(const Variant& value, ColumnForm form, std::string& sql) {
   }
   if (value.isNull()) {
     sql.append("NULL");
+  } else if (const auto* const whole = value.getIf<std::int32_t>()) {
+    appendNumber(*whole, sql);
   } else if (const auto* const number = value.getIf<double>()) {
     appendDouble(*number, sql);
   } else if (const auto* const decimal = value.getIf<Decimal>()) {
