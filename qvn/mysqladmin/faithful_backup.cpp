@@ -40,8 +40,6 @@ std::string secondText(const std::string& sql, const data::ConnectionPtr& connec
 
 // From here on the session reads all tables as they are at this moment.
 void freeze(const std::vector<DatabaseTable>& tables, const data::ConnectionPtr& connection) {
-  connection->Execute(
-      "SET SESSION sql_mode = '', time_zone = '+00:00', tx_isolation = 'REPEATABLE-READ', autocommit = 1");
   const bool haveSnapshots = std::ranges::all_of(
       tables, [](const DatabaseTable& table) { return table.kind != TableKind::Table || table.hasSnapshots(); });
   if (haveSnapshots) {
@@ -65,6 +63,9 @@ class FaithfulDump {
       : writer_(writer), connection_(connection), database_(database), observe_(observe), report_(report) {}
 
   void write(Clock& clock) {
+    // Definitions come back in the quotes of the mode.
+    connection_->Execute(
+        "SET SESSION sql_mode = '', time_zone = '+00:00', tx_isolation = 'REPEATABLE-READ', autocommit = 1");
     const std::vector<DatabaseTable> tables = readTables(connection_);
     // A session that locks tables can look at no view.
     const std::string views = viewStatements(tables);

@@ -157,7 +157,7 @@ TEST(FaithfulValue, IsReadBackAsItWas) {
       {Variant(-0.0), ColumnForm::Number, "-0e0"},
       {Variant(Decimal::fromText("18446744073709551615").value()), ColumnForm::Number, "18446744073709551615"},
       {Variant("1.50"), ColumnForm::Number, "1.50"},
-      {Variant(std::string("a'\\\"\n\r\0\x1A\tñ", 10)), ColumnForm::Text, "'a\\'\\\\\"\\n\\r\\0\\Z\tñ'"},
+      {Variant(std::string("a'\\\"\n\r\0\x1A\tñ", 11)), ColumnForm::Text, "'a\\'\\\\\"\\n\\r\\0\\Z\tñ'"},
       {Variant(""), ColumnForm::Text, "''"},
       {Variant(std::string("\0\xFF'", 3)), ColumnForm::Bytes, "0x00FF27"},
       {Variant(""), ColumnForm::Bytes, "''"},

@@ -77,6 +77,7 @@ class ShopServer : public testing::Test {
           kind + "'");
       std::istringstream list(names->Fields(0).Value().isNull() ? "" : names->Fields(0).Value().toText());
       for (std::string name; std::getline(list, name, ',');) {
+        if (const std::size_t quote = name.find('`'); quote != std::string::npos) name.insert(quote, 1, '`');
         const auto session = open("tienda");
         text << session->Execute("SHOW CREATE TABLE `" + name + "`")->Fields(1).Value().toText() << "\n";
         if (kind == "VIEW") continue;
