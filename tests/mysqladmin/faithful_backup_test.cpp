@@ -73,7 +73,6 @@ TEST_F(FaithfulBackupTest, TablesAloneComeBackByLinesAsWell) {
   drop();
   const RestoreReport report = DatabaseRestore(file_, open("qvn_test"));
   EXPECT_TRUE(report.isComplete()) << report.failure.value_or(RestoreFailure{}).reason;
-  // The server keeps a comment's line break; the lines lose it.
   EXPECT_EQ(fingerprint(), before);
 }
 

@@ -97,7 +97,7 @@ TEST(ReadByGrammar, CutsLongInsertsBetweenRows) {
       {"short enough", start + "(1),(2);", {start + "(1),(2)"}},
       // 25 bytes before the rows: two rows of 7 and a comma make 40.
       {"as long as allowed", start + "('abc'),('def');", {start + "('abc'),('def')"}},
-      {"one row too many", start + "('abc'),('def'),\n('ghi');B;", {start + "('abc'),('def')", start + "('ghi')", "B"}},
+      {"one row too many", start + "('abc'),('def'),('ghi');B;", {start + "('abc'),('def')", start + "('ghi')", "B"}},
       {"a row longer than allowed stays whole",
        start + "('aaaaaaaaaaaaaaaaaaaa'),(f(1,2)),(3);",
        {start + "('aaaaaaaaaaaaaaaaaaaa')", start + "(f(1,2)),(3)"}},

@@ -43,6 +43,10 @@ int main(int argc, char** argv) {
   picture(folder.filePath("entrada.png"), [&] { dialogs.entry("Nombre del cliente"); });
   picture(folder.filePath("contrasena.png"), [&] { dialogs.password("Contraseña", nullptr); });
   picture(folder.filePath("teclado.png"), [&] { dialogs.keyboard("Ferretería Muñoz"); });
+  picture(folder.filePath("avance.png"), [&] {
+    dialogs.progress("Reparando: clients",
+                     [](const qvn::dialogs::Dialogs::Show& show) { show("Reparando: clients\r\nstatus OK"); });
+  });
   picture(folder.filePath("cuadro.png"), [&] { dialogs.show(text, 64, "Quorvin POS"); });
   return 0;
 }
