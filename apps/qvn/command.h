@@ -2,6 +2,7 @@
 // row of the table in commands.cpp.
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string_view>
 
@@ -26,6 +27,7 @@ struct Context {
   Output& messages;              ///< standard error
   std::string_view programName;  ///< as the person called it
   LumLibreria& library;
+  std::function<void()> openWindows;  ///< makes sure that the library's questions are windows, or throws
 };
 
 struct Command {

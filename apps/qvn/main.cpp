@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "apps/qvn/program.h"
+#include "apps/qvn/window_program.h"
 
 int main(int argc, char** argv) {
   // Numbers and dates are written by the person's own regional settings; without them, by those of "C".
@@ -16,5 +17,6 @@ int main(int argc, char** argv) {
   qvn::cli::Output out(STDOUT_FILENO, qvn::cli::Output::OnFailure::Throw);
   qvn::cli::Output messages(STDERR_FILENO, qvn::cli::Output::OnFailure::Ignore);
   const std::span<const std::string_view> arguments = std::span(words).subspan(words.empty() ? 0 : 1);
-  return static_cast<int>(qvn::cli::runProgram(programName, arguments, out, messages));
+  return static_cast<int>(
+      qvn::cli::runProgram(programName, arguments, out, messages, [argv] { qvn::cli::continueWithWindows(argv); }));
 }

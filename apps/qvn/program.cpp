@@ -1,6 +1,7 @@
 #include "apps/qvn/program.h"
 
 #include <string>
+#include <utility>
 
 #include "apps/qvn/commands.h"
 #include "apps/qvn/error_report.h"
@@ -55,11 +56,11 @@ ExitStatus fail(Context& context, std::string_view message, ExitStatus status) {
 }  // namespace
 
 ExitStatus runProgram(std::string_view programName, std::span<const std::string_view> words, Output& out,
-                      Output& messages) noexcept {
+                      Output& messages, std::function<void()> openWindows) noexcept {
   LumLibreria library;
   // After the library, whose client of MySQL sets what the process does with this signal for itself.
   surviveBrokenPipes();
-  Context context{out, messages, programName, library};
+  Context context{out, messages, programName, library, std::move(openWindows)};
   const Command* command = words.empty() ? nullptr : findCommand(words.front());
   try {
     const ExitStatus status = runFirstWord(command, words, context);

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -93,6 +94,7 @@ class RawSide final : public Side {
  public:
   RawSide(const Engine& engine, const LedgerMethod& method)
       : calls_(LibrarySide(engine, method, "recorded").record()),
+        alwaysFails_(method.alwaysFails),
         database_(databaseOf(engine, method, "raw")),
         session_(engine.openRaw()) {
     build(method.shop(), database_);
@@ -102,11 +104,21 @@ class RawSide final : public Side {
   ~RawSide() override { drop(database_); }
   void call(int number) override {
     for (const std::string& sql : calls_[static_cast<std::size_t>(number)]) session_->run(sql);
+    if (alwaysFails_) fail();
   }
   void run(const std::string& sql) override { session_->run(sql); }
 
  private:
+  static void fail() {
+    try {
+      throw std::runtime_error("El registro no se puede cambiar");
+    } catch (const std::runtime_error& error) {
+      benchmark::DoNotOptimize(error.what());
+    }
+  }
+
   Calls calls_;
+  bool alwaysFails_;
   std::string database_;
   std::unique_ptr<RawSession> session_;
 };

@@ -29,13 +29,13 @@ constexpr auto kMethods = std::to_array<LedgerMethod>({
     {"ActualizaPorAplicar", &receivables,
      [](Station& s, int i) { s.library.ActualizaPorAplicar(i, s.ambiente, s.query); }},
     {"AfectaSaldoDeCliente", &receivables,
-     [](Station& s, int i) { refused([&] { s.library.AfectaSaldoDeCliente(owner(i), 5.5, s.connection); }); }},
+     [](Station& s, int i) { refused([&] { s.library.AfectaSaldoDeCliente(owner(i), 5.5, s.connection); }); }, true},
     {"ActualizaSaldoPagos", &payables, [](Station& s, int i) { s.library.ActualizaSaldoPagos(i, s.ambiente); }},
     {"ActualizaCuenxpag", &payables, [](Station& s, int i) { s.library.ActualizaCuenxpag(i, s.ambiente); }},
     {"ActualizaPorAplicarEnPagos", &payables,
      [](Station& s, int i) { s.library.ActualizaPorAplicarEnPagos(i, s.ambiente); }},
     {"AfectaSaldoDeProveedor", &payables,
-     [](Station& s, int i) { refused([&] { s.library.AfectaSaldoDeProveedor(owner(i), 5.5, s.connection); }); }},
+     [](Station& s, int i) { refused([&] { s.library.AfectaSaldoDeProveedor(owner(i), 5.5, s.connection); }); }, true},
     {"ActualizaPorSurtirEnPedido", &customerOrders,
      [](Station& s, int i) {
        s.library.ActualizaPorSurtirEnPedido(owner(i), i, 2.5, orderOf(i), s.ambiente, true, s.query);

@@ -21,6 +21,7 @@ struct LedgerMethod {
   const char* name;
   const Shop& (*shop)();
   void (*call)(Station& station, int number);  ///< numbers 0 to kCalls - 1
+  bool alwaysFails = false;  ///< its last statement is read and then refused: the peer raises an error as well
 };
 
 std::span<const LedgerMethod> ledgerMethods();

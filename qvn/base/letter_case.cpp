@@ -112,6 +112,10 @@ std::string lowerCase(std::string_view text) {
 
 bool equalIgnoringCase(std::string_view left, std::string_view right) noexcept {
   if (left == right) return true;
+  if (left.empty() || right.empty()) return false;
+  // Names of columns often differ in their last character alone: precio1, precio2.
+  if (isAscii(left.back()) && isAscii(right.back()) && upperAscii(left.back()) != upperAscii(right.back()))
+    return false;
   const std::size_t common = std::min(left.size(), right.size());
   std::size_t l = 0;
   for (; l < common && isAscii(left[l]) && isAscii(right[l]); ++l) {

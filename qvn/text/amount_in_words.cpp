@@ -1,16 +1,36 @@
 #include "qvn/text/amount_in_words.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <initializer_list>
 
 #include "qvn/base/runtime_error.h"
 #include "qvn/base/utf8.h"
 
 namespace qvn::text {
 namespace {
+
+constexpr std::size_t kLongestSlot = 32;
+
+// Words with room behind them, so that each is copied as one block, also without the blanks in front.
+struct Slot {
+  std::array<char, kLongestSlot + 2> text{};
+  std::uint8_t size = 0;
+  std::uint8_t blanks = 0;  // in front
+};
+
+constexpr Slot slotOf(std::initializer_list<std::string_view> words) {
+  Slot slot;
+  for (const std::string_view word : words) {
+    for (const char c : word) slot.text.at(slot.size++) = c;
+  }
+  if (slot.size > kLongestSlot) throw RuntimeError(error_number::kOverflow);  // seen while compiling
+  while (slot.blanks < slot.size && slot.text.at(slot.blanks) == ' ') ++slot.blanks;
+  return slot;
+}
 
 using Words = std::array<std::string_view, 10>;
 
@@ -23,70 +43,60 @@ constexpr Words kTens    {"",       "",          "",           "TREINTA",     "C
 constexpr Words kHundreds{"",       "CIENTO",    "DOSCIENTOS", "TRESCIENTOS", "CUATROCIENTOS", "QUINIENTOS", "SEISCIENTOS", "SETECIENTOS", "OCHOCIENTOS", "NOVECIENTOS"};
 // clang-format on
 
-constexpr std::string_view kZero = "CERO";
 constexpr std::string_view kExactHundred = "CIEN";
 constexpr std::string_view kOneAfterTens = "UN";
 constexpr std::string_view kAnd = " Y";
 
+constexpr Slot kZero = slotOf({"CERO"});
+constexpr Slot kBlank = slotOf({" "});
+
 struct GroupName {
-  std::string_view one;
-  std::string_view many;
+  Slot one;
+  Slot many;
 };
-constexpr GroupName kThousands{"UN MIL", " MIL"};
-constexpr GroupName kMillions{"UN MILLON", " MILLONES"};
+constexpr GroupName kThousands{slotOf({"UN MIL"}), slotOf({" MIL"})};
+constexpr GroupName kMillions{slotOf({"UN MILLON"}), slotOf({" MILLONES"})};
 
-// Most texts fit; a longer one only costs a second allocation.
-constexpr std::size_t kUsualLength = 160;
-
-// The slots of tens and units with the blank between them: a teen or twenty stands in the slot of the units, except
-// for exactly 10 and 20.
-std::string tensAndUnits(std::size_t tens, std::size_t units) {
+// The slots of hundreds, tens and units, joined by blanks and not trimmed: a teen or twenty stands in the slot of the
+// units, except for exactly 10 and 20.
+constexpr Slot slotsBelowThousand(std::size_t number) {
+  const std::string_view hundreds = number == 100 ? kExactHundred : kHundreds.at(number / 100);
+  const std::size_t tens = number / 10 % 10;
+  const std::size_t units = number % 10;
   if (tens == 1 || tens == 2) {
-    const std::string word((tens == 1 ? kTeens : kTwenties)[units]);
-    return units == 0 ? word + " " : " " + word;
+    const std::string_view word = (tens == 1 ? kTeens : kTwenties).at(units);
+    return units == 0 ? slotOf({hundreds, " ", word, " "}) : slotOf({hundreds, "  ", word});
   }
   const bool isJoined = tens != 0 && units != 0;
-  std::string text(kTens[tens]);
-  text.append(isJoined ? kAnd : "").append(" ");
-  return text.append(isJoined && units == 1 ? kOneAfterTens : kUnits[units]);
+  return slotOf({hundreds, " ", kTens.at(tens), isJoined ? kAnd : "", " ",
+                 isJoined && units == 1 ? kOneAfterTens : kUnits.at(units)});
 }
 
-// The slots of hundreds, tens and units of every number below 1000, joined and not trimmed. They stand close together,
-// because an amount takes three of them from anywhere.
-class SlotTable {
+// Looking the words up whole takes no decision that a processor could guess wrong.
+constexpr auto kBelowThousand = [] {
+  std::array<Slot, 1000> slots;
+  for (std::size_t i = 0; i < slots.size(); ++i) slots.at(i) = slotsBelowThousand(i);
+  return slots;
+}();
+
+// The words of one amount while they are put together.
+class Line {
  public:
-  SlotTable() {
-    for (std::size_t number = 0; number < places_.size(); ++number) {
-      std::string slots(number == 100 ? kExactHundred : kHundreds[number / 100]);
-      slots.append(" ").append(tensAndUnits(number / 10 % 10, number % 10));
-      const std::size_t blanks = std::min(slots.find_first_not_of(' '), slots.size());
-      places_[number] = {static_cast<std::uint16_t>(text_.size()), static_cast<std::uint8_t>(slots.size()),
-                         static_cast<std::uint8_t>(blanks)};
-      text_ += slots;
-    }
-  }
-  [[nodiscard]] std::string_view of(std::size_t number) const {
-    const Place& place = places_[number];
-    return {text_.data() + place.start, place.size};
-  }
-  [[nodiscard]] std::string_view withoutBlanksInFront(std::size_t number) const {
-    return of(number).substr(places_[number].blanks);
-  }
+  void put(const Slot& slot) { putFrom(slot, 0); }
+  void putWithoutBlanksInFront(const Slot& slot) { putFrom(slot, slot.blanks); }
+  [[nodiscard]] std::string_view text() const { return {bytes_.data(), size_}; }
 
  private:
-  struct Place {
-    std::uint16_t start = 0;
-    std::uint8_t size = 0;
-    std::uint8_t blanks = 0;  // in front
-  };
-  std::string text_;
-  std::array<Place, 1000> places_;
-};
+  // A copy of fixed size takes a few instructions; the next slot overwrites what stands behind the words.
+  void putFrom(const Slot& slot, std::size_t start) {
+    std::memcpy(bytes_.data() + size_, slot.text.data() + start, kLongestSlot);
+    size_ += slot.size - start;
+  }
 
-const SlotTable& slotTable() {
-  static const SlotTable kTable;
-  return kTable;
-}
+  // Three groups with two names and the blanks between them, and room for the last copy.
+  std::array<char, 8 * kLongestSlot> bytes_;
+  std::size_t size_ = 0;
+};
 
 struct Parts {
   std::size_t lastThree = 0;
@@ -114,27 +124,29 @@ Parts takeApart(std::int64_t number) {
   return parts;
 }
 
-void appendGroup(std::string& text, double group, const GroupName& name) {
+void putGroup(Line& line, double group, const GroupName& name) {
   if (group == 1) {
-    text.append(name.one);
+    line.put(name.one);
   } else if (group > 1) {
     // Blanks before the words are trimmed away, those between them and the name of the group are not.
-    text.append(slotTable().withoutBlanksInFront(static_cast<std::size_t>(group))).append(name.many);
+    line.putWithoutBlanksInFront(kBelowThousand[static_cast<std::size_t>(group)]);
+    line.put(name.many);
   }
 }
 
 // The five slots of a whole number, which is left with what stands above the millions.
-void appendWords(std::string& text, double& number) {
+void putWords(Line& line, double& number) {
   if (number < 0) {
-    text.append("    ");
+    for (int i = 0; i < 4; ++i) line.put(kBlank);
     return;
   }
   const Parts parts = takeApart(static_cast<std::int64_t>(number));
-  appendGroup(text, parts.millions, kMillions);
-  text.append(" ");
-  appendGroup(text, parts.thousands, kThousands);
-  text.append(" ").append(slotTable().of(parts.lastThree));
-  if (number == 0) text.append(kZero);
+  putGroup(line, parts.millions, kMillions);
+  line.put(kBlank);
+  putGroup(line, parts.thousands, kThousands);
+  line.put(kBlank);
+  line.put(kBelowThousand[parts.lastThree]);
+  if (number == 0) line.put(kZero);
   number = static_cast<double>(parts.rest);
 }
 
@@ -150,17 +162,19 @@ std::int32_t rounded(double number) {
   return below + (rest > 0.5 || (rest == 0.5 && below % 2 != 0) ? 1 : 0);
 }
 
+constexpr Slot kNoCents = slotOf({" 00/100 "});
+constexpr Slot kSomeCents = slotOf({" 00 /100 "});
+
 char digit(std::int32_t value) { return static_cast<char>('0' + value); }
 
-// " 56 /100 "
-void appendCents(std::string& text, std::int32_t cents) {
-  if (cents == 0) {
-    text.append(" 00/100 ");
-  } else {
-    if (cents > 99) throw RuntimeError(error_number::kInvalidCall);  // there is no room for a third digit
-    const std::array<char, 8> tail = {' ', digit(cents / 10), digit(cents % 10), ' ', '/', '1', '0', '0'};
-    text.append(tail.data(), tail.size()).append(" ");
-  }
+// " 56 /100 "; the third digit of 100 has no place.
+Slot centsText(std::int32_t cents) {
+  if (cents == 0) return kNoCents;
+  if (cents > 99) throw RuntimeError(error_number::kInvalidCall);
+  Slot slot = kSomeCents;
+  slot.text[1] = digit(cents / 10);
+  slot.text[2] = digit(cents % 10);
+  return slot;
 }
 
 void requireSpeakable(double number) {
@@ -172,6 +186,15 @@ void requireSpeakable(double number) {
                      "No se puede escribir con letra: la cantidad no es un número finito o pasa de 2.8E15", "PonLetra");
 }
 
+std::string joined(std::initializer_list<std::string_view> pieces) {
+  std::size_t size = 0;
+  for (const std::string_view piece : pieces) size += piece.size();
+  std::string text(size, ' ');
+  char* end = text.data();
+  for (const std::string_view piece : pieces) end += piece.copy(end, piece.size());
+  return text;
+}
+
 }  // namespace
 
 std::string PonLetra(double& Numero, std::string& Leyenda, bool bolDecimales, std::string_view strMoneda) {
@@ -179,20 +202,16 @@ std::string PonLetra(double& Numero, std::string& Leyenda, bool bolDecimales, st
   const double whole = std::floor(Numero);
   const std::int32_t cents = rounded((Numero - whole) * 100);
   Numero = whole;
-  std::string text;
-  text.reserve(kUsualLength);
-  appendWords(text, Numero);
+  Line line;
+  putWords(line, Numero);
   trimInPlace(Leyenda);
   if (!bolDecimales) {
-    return text;
+    return std::string(line.text());
   }
-  text.erase(text.find_last_not_of(' ') + 1);
-  text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
-  if (const std::string_view currency = utf8::trimBlanks(strMoneda); !currency.empty()) {
-    text.append(" ").append(currency);
-  }
-  appendCents(text, cents);
-  return text.append(Leyenda);
+  const Slot tail = centsText(cents);
+  const std::string_view currency = utf8::trimBlanks(strMoneda);
+  return joined({utf8::trimBlanks(line.text()), currency.empty() ? "" : " ", currency,
+                 std::string_view(tail.text.data(), tail.size), Leyenda});
 }
 
 }  // namespace qvn::text

@@ -62,6 +62,18 @@ TEST(QuestionCommands, AnswerByTheirExitStatus) {
   EXPECT_EQ(run({.arguments = {"mensaje", "--alerta"}, .input = std::string(1 << 20, 'x')}).err.size(), (1U << 20) + 1);
 }
 
+TEST(QuestionCommands, SayWhyThereIsNoWindow) {
+  const std::vector<std::string> noDisplay = {"DISPLAY=", "WAYLAND_DISPLAY=", "QT_QPA_PLATFORM="};
+  const Call lost{.arguments = {"pregunta", "--ventana", "¿Sigue?"},
+                  .environment = {"DISPLAY=:9987", "QT_QPA_PLATFORM=xcb"}};
+  expectRun(1, lost, {"DISPLAY"});
+  expectRun(1, {.arguments = {"mensaje", "--ventana", "Hola"}, .environment = noDisplay}, {"no hay una pantalla"});
+  const TempFolder folder;
+  const std::filesystem::path alone = folder.path() / "qvn";
+  std::filesystem::copy(QVN_PROGRAM, alone);
+  expectRun(1, {.arguments = {"entrada", "--ventana", "Nombre"}, .program = alone}, {"qvn-ventana", "Qt 6"});
+}
+
 TEST(BitacoraCommand, ShowsTheErrorsOfADay) {
   const TempFolder folder;
   const auto record = [](const std::string& time, const std::string& module, const std::string& description) {

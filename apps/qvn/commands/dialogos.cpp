@@ -6,19 +6,22 @@
 namespace qvn::cli {
 namespace {
 
+constexpr Option kWindowOption{"ventana", 'v', "", "en una ventana, no en la terminal"};
+
 constexpr Option kAlertOption{"alerta", 0, "", "como aviso"};
-constexpr auto kMessageOptions = std::to_array<Option>({kAlertOption});
+constexpr auto kMessageOptions = std::to_array<Option>({kAlertOption, kWindowOption});
 constexpr std::string_view kMessageDescription = R"(
 Muestra TEXTO a la persona, en la salida de errores. Sin TEXTO lo lee de la
 entrada estándar. Los caracteres de control se ven como \x1B y no hacen nada.
 )";
 constexpr std::string_view kMessageExamples = R"(
   qvn mensaje "El respaldo terminó"
+  qvn mensaje --ventana --alerta "Falta papel en la impresora"
 )";
 
 constexpr Option kAllOption{"todo", 0, "", "ofrece Si, Si a todo, No y Cancelar"};
 constexpr Option kDefaultOption{"boton", 'b', "NUMERO", "botón que vale con Enter (1)"};
-constexpr auto kQuestionOptions = std::to_array<Option>({kAllOption, kDefaultOption});
+constexpr auto kQuestionOptions = std::to_array<Option>({kAllOption, kDefaultOption, kWindowOption});
 constexpr std::string_view kQuestionDescription = R"(
 Pregunta TEXTO y espera la respuesta: la letra de un botón, su número o su
 nombre; Enter solo es el botón de --boton. El estado de salida es la respuesta:
@@ -33,7 +36,7 @@ constexpr std::string_view kQuestionExamples = R"(
 )";
 
 constexpr Option kHiddenOption{"oculta", 0, "", "no muestra lo que se escribe, como en una contraseña"};
-constexpr auto kEntryOptions = std::to_array<Option>({kHiddenOption});
+constexpr auto kEntryOptions = std::to_array<Option>({kHiddenOption, kWindowOption});
 constexpr std::string_view kEntryDescription = R"(
 Pide una línea a la persona, con TEXTO delante, y la escribe en la salida. El
 estado de salida es 3 cuando la línea está vacía o se acabó la entrada.
@@ -42,12 +45,18 @@ constexpr std::string_view kEntryExamples = R"(
   qvn entrada "Nombre del cliente" > nombre.txt
 )";
 
+// Before anything is read, because the call may begin anew in the program with windows.
+void openWindowsIfAsked(const Arguments& arguments, const Context& context) {
+  if (arguments.has(kWindowOption.name)) context.openWindows();
+}
+
 std::string_view onlyText(const Arguments& arguments) {
   if (arguments.operands().size() != 1) throw UsageError("se espera un texto; póngalo entre comillas");
   return arguments.operands().front();
 }
 
 ExitStatus runMensaje(const Arguments& arguments, Context& context) {
+  openWindowsIfAsked(arguments, context);
   const std::string text = arguments.operands().empty() ? readStandardInput() : std::string(onlyText(arguments));
   if (arguments.has(kAlertOption.name)) {
     context.library.Alerta(text);
@@ -67,6 +76,7 @@ std::int16_t defaultButton(const Arguments& arguments, char last) {
 
 ExitStatus runPregunta(const Arguments& arguments, Context& context) {
   const std::string_view text = onlyText(arguments);
+  openWindowsIfAsked(arguments, context);
   if (!arguments.has(kAllOption.name)) {
     return context.library.Question(text, defaultButton(arguments, '2')) ? ExitStatus::Done : ExitStatus::Failed;
   }
@@ -84,6 +94,7 @@ ExitStatus runPregunta(const Arguments& arguments, Context& context) {
 
 ExitStatus runEntrada(const Arguments& arguments, Context& context) {
   const std::string_view text = onlyText(arguments);
+  openWindowsIfAsked(arguments, context);
   const std::string typed = arguments.has(kHiddenOption.name) ? context.library.MyInputPasswordBox(text, nullptr)
                                                               : context.library.MyInputBox(text);
   if (typed.empty()) return ExitStatus::NoAnswer;

@@ -2,6 +2,7 @@
 #include "qvn/dialogs/qt/qt_dialogs.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -16,6 +17,7 @@
 #include <optional>
 #include <stdexcept>
 
+#include "apps/qvn/program.h"
 #include "qvn/dialogs/ask.h"
 #include "qvn/dialogs/default_dialogs.h"
 #include "qvn/dialogs/qt/window_parts.h"
@@ -243,6 +245,19 @@ TEST_F(QtDialogs, LongTextsScroll) {
     click(window, "&Si");
   });
   EXPECT_EQ(dialogs_->question(text, 1), 1);
+}
+
+TEST(QtProgram, CommandsAskInWindows) {
+  cli::Output out(STDERR_FILENO, cli::Output::OnFailure::Throw);
+  int asked = 0;
+  const auto answer = [&](std::initializer_list<std::string_view> words, const QString& button) {
+    onNextWindow([=](QWidget& window) { click(window, button); });
+    return cli::runProgram("qvn", words, out, out, [&] { ++asked; });
+  };
+  EXPECT_EQ(answer({"pregunta", "--ventana", "¿Sigue?"}, "&No"), cli::ExitStatus::Failed);
+  EXPECT_EQ(answer({"pregunta", "-v", "--todo", "¿Sigue?"}, "Si a &todo"), cli::ExitStatus::YesToAll);
+  EXPECT_EQ(answer({"entrada", "-v", "Nombre"}, "&Aceptar"), cli::ExitStatus::NoAnswer);
+  EXPECT_EQ(asked, 3);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <new>
 
+#include "qvn/data/drivers/mysql/keep_alive.h"
 #include "qvn/data/drivers/mysql/mysql_error.h"
 
 namespace qvn::data::mysql {
@@ -65,6 +66,7 @@ MysqlLink::MysqlLink(ServerAddress address, std::chrono::seconds connectTimeout)
   const auto seconds =
       static_cast<unsigned>(std::clamp(connectTimeout, std::chrono::seconds::zero(), kLongestConnect).count());
   if (!logIn(handle(), address_, address_.database, seconds)) refuseLogin(handle(), address_);
+  keepAlive(static_cast<int>(mysql_get_socket(handle())));
 }
 
 bool MysqlLink::cancelStatement() const noexcept {

@@ -37,7 +37,7 @@ Column describe(sqlite3_stmt* statement, int index) {
 
 }  // namespace
 
-SqliteCursor::SqliteCursor(StatementHandle statement, bool hasRow)
+SqliteCursor::SqliteCursor(CachedStatement statement, bool hasRow)
     : statement_(std::move(statement)), stage_(hasRow ? Stage::FirstRowReady : Stage::Done) {
   const int count = sqlite3_column_count(statement_.get());
   columns_.reserve(static_cast<std::size_t>(count));

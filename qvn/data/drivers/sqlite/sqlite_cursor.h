@@ -4,14 +4,14 @@
 #include <vector>
 
 #include "qvn/data/driver.h"
-#include "qvn/data/drivers/sqlite/handles.h"
+#include "qvn/data/drivers/sqlite/statement_cache.h"
 
 namespace qvn::data::sqlite {
 
 class SqliteCursor final : public Cursor {
  public:
   /// `statement` has been stepped once; `hasRow` tells whether that gave a row.
-  SqliteCursor(StatementHandle statement, bool hasRow);
+  SqliteCursor(CachedStatement statement, bool hasRow);
 
   [[nodiscard]] const std::vector<Column>& columns() const override { return columns_; }
   [[nodiscard]] std::vector<ColumnOrigin> origins() override;
@@ -21,7 +21,7 @@ class SqliteCursor final : public Cursor {
  private:
   enum class Stage { FirstRowReady, Reading, Done };
 
-  StatementHandle statement_;
+  CachedStatement statement_;
   std::vector<Column> columns_;
   std::vector<FieldType> types_;  // those of the columns, close together for reading
   Stage stage_;

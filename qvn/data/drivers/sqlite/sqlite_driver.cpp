@@ -20,6 +20,10 @@ using std::chrono::steady_clock;
 // Steps of the engine's virtual machine between two looks at the clock; some microseconds' worth.
 constexpr int kStepsPerLook = 4096;
 
+// Of the block that a connection keeps for statements; those that are kept ready need some too.
+constexpr int kPieceBytes = 1200;
+constexpr int kPieces = 300;
+
 class SqliteSession final : public Session {
  public:
   SqliteSession(sqlite::DatabaseHandle database, std::chrono::seconds timeout) : database_(std::move(database)) {
@@ -51,6 +55,7 @@ class SqliteSession final : public Session {
   int firstStep(sqlite3_stmt* statement);
 
   sqlite::DatabaseHandle database_;
+  sqlite::StatementCachePtr statements_ = std::make_shared<sqlite::StatementCache>();
   std::chrono::seconds timeout_{};
   steady_clock::time_point deadline_ = steady_clock::time_point::max();  // of the statement whose first row is awaited
 };
@@ -69,6 +74,7 @@ sqlite::StatementHandle prepareOne(sqlite3* database, std::string_view sql, std:
 }
 
 sqlite::StatementHandle SqliteSession::prepare(std::string_view sql) {
+  if (sqlite::StatementHandle known = statements_->take(sql)) return known;
   if (sql.find('\0') != std::string_view::npos) {
     throw sqlite::errorWithText(SQLITE_ERROR, "La sentencia lleva un carácter nulo, donde el motor dejaría de leer");
   }
@@ -99,14 +105,15 @@ StatementResult SqliteSession::execute(std::string_view sql) {
   if (code != SQLITE_ROW && code != SQLITE_DONE) {
     throw sqlite::lastError(database_.get(), "No se pudo ejecutar la sentencia");
   }
+  sqlite::CachedStatement ran(std::move(statement), statements_);
   StatementResult result;
   // The count of changes is that of the last statement that made any.
   if (sqlite3_total_changes64(database_.get()) != changesBefore) {
     result.affectedRows = sqlite3_changes64(database_.get());
     result.insertedNumber = sqlite3_last_insert_rowid(database_.get());
   }
-  if (sqlite3_column_count(statement.get()) > 0) {
-    result.cursor = std::make_unique<sqlite::SqliteCursor>(std::move(statement), code == SQLITE_ROW);
+  if (sqlite3_column_count(ran.get()) > 0) {
+    result.cursor = std::make_unique<sqlite::SqliteCursor>(std::move(ran), code == SQLITE_ROW);
   }
   return result;
 }
@@ -159,6 +166,8 @@ class SqliteDriver final : public Driver {
     const std::string doing = "No se pudo abrir la base de datos «" + path + "»";
     if (code != SQLITE_OK) throw sqlite::lastError(database.get(), doing);
     sqlite3_extended_result_codes(database.get(), 1);
+    // Before the first statement: the engine then takes the small pieces that statements are made of from one block.
+    sqlite3_db_config(database.get(), SQLITE_DBCONFIG_LOOKASIDE, nullptr, kPieceBytes, kPieces);
     auto session = std::make_unique<SqliteSession>(std::move(database), request.commandTimeout);
     // The file is first read here, so that what is no database is refused now and not at the first statement; another
     // station that writes is waited for.

@@ -102,6 +102,32 @@ TEST_F(SqliteDriverTest, OnlyOneStatementAtATime) {
   EXPECT_THROW(session_->execute("-- sólo una nota"), ProviderError);
 }
 
+TEST_F(SqliteDriverTest, AStatementRunAgainSeesTheTableOfNow) {
+  session_->execute("CREATE TABLE t (a INTEGER)");
+  for (int round = 1; round <= 3; ++round) {
+    session_->execute("INSERT INTO t (a) VALUES (7)");
+    const auto rows = session_->execute("SELECT * FROM t");
+    const auto beside = session_->execute("SELECT * FROM t");
+    EXPECT_EQ(rows.cursor->columns().size(), static_cast<std::size_t>(round));
+    int count = 0;
+    while (rows.cursor->next()) ++count;
+    EXPECT_EQ(count, round);
+    EXPECT_TRUE(beside.cursor->next());
+    session_->execute("ALTER TABLE t ADD COLUMN c" + std::to_string(round) + " VARCHAR(5) DEFAULT 'x'");
+  }
+  EXPECT_EQ(session_->execute("UPDATE t SET a = 8").affectedRows, 3);
+  EXPECT_EQ(session_->execute("UPDATE t SET a = 8").affectedRows, 3);
+  session_->execute("DROP TABLE t");
+  EXPECT_THROW(session_->execute("SELECT * FROM t"), ProviderError);
+  session_->execute("CREATE TABLE t (z)");
+  EXPECT_EQ(session_->execute("SELECT * FROM t").cursor->columns()[0].name, "z");
+  // What is done while a statement is compiled is done each time.
+  for (const char* mode : {"1", "0", "1"}) {
+    session_->execute(std::string("PRAGMA foreign_keys = ") + mode);
+    EXPECT_EQ(first("PRAGMA foreign_keys").toText(), mode);
+  }
+}
+
 TEST_F(SqliteDriverTest, FinishedCursorFreesTheTable) {
   session_->execute("CREATE TABLE t (a)");
   const auto none = session_->execute("SELECT a FROM t");
