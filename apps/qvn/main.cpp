@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <clocale>
+#include <ios>
 #include <string_view>
 #include <vector>
 
@@ -11,6 +12,8 @@
 int main(int argc, char** argv) {
   // Numbers and dates are written by the person's own regional settings; without them, by those of "C".
   std::setlocale(LC_ALL, "");
+  // Lines of any length are read in blocks; nothing here reads standard input through the C library.
+  std::ios::sync_with_stdio(false);
 
   const std::vector<std::string_view> words(argv, argv + argc);
   const std::string_view programName = words.empty() ? "qvn" : words.front();

@@ -1,9 +1,12 @@
-// Amounts in words beside the Spanish spell-out rules of ICU. The peer spells the whole part only, without currency,
-// cents and legend, which PonLetra adds; its formatter is made before the clock starts.
+// Amounts in words beside the Spanish spell-out rules of ICU. The peers spell the whole part only, without currency,
+// cents and legend, which PonLetra adds. "icu" keeps its formatter, made before the clock starts, and its buffer;
+// "icu_made_anew" keeps nothing between two amounts, as PonLetra does.
 #include <benchmark/benchmark.h>
 #include <unicode/rbnf.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -31,13 +34,39 @@ void spellQvn(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(values.size()));
 }
 
-void spellIcu(benchmark::State& state) {
+icu::RuleBasedNumberFormat spanishSpeller() {
   UErrorCode status = U_ZERO_ERROR;
-  const icu::RuleBasedNumberFormat speller(icu::URBNF_SPELLOUT, icu::Locale("es", "MX"), status);
-  if (U_FAILURE(status)) {
-    state.SkipWithError("no Spanish spell-out rules");
-    return;
+  icu::RuleBasedNumberFormat speller(icu::URBNF_SPELLOUT, icu::Locale("es", "MX"), status);
+  if (U_FAILURE(status)) throw std::runtime_error("no Spanish spell-out rules");
+  return speller;
+}
+
+void spellIcuMadeAnew(benchmark::State& state) {
+  const std::vector<double> values = amounts();
+  std::size_t next = 0;
+  for (auto _ : state) {
+    icu::UnicodeString words;
+    spanishSpeller().format(static_cast<std::int64_t>(values[next]), words);
+    benchmark::DoNotOptimize(words);
+    next = (next + 1) % values.size();
   }
+  state.SetItemsProcessed(state.iterations());
+}
+
+void spellQvnOnce(benchmark::State& state) {
+  const std::vector<double> values = amounts();
+  std::size_t next = 0;
+  for (auto _ : state) {
+    double amount = values[next];
+    std::string legend = "M.N.";
+    benchmark::DoNotOptimize(text::PonLetra(amount, legend, true, "PESOS"));
+    next = (next + 1) % values.size();
+  }
+  state.SetItemsProcessed(state.iterations());
+}
+
+void spellIcu(benchmark::State& state) {
+  const icu::RuleBasedNumberFormat speller = spanishSpeller();
   const std::vector<double> values = amounts();
   icu::UnicodeString words;
   for (auto _ : state) {
@@ -56,5 +85,7 @@ void spellIcu(benchmark::State& state) {
 int main(int argc, char** argv) {
   benchmark::RegisterBenchmark("amount_in_words/qvn", qvn::bench::spellQvn);
   benchmark::RegisterBenchmark("amount_in_words/icu", qvn::bench::spellIcu);
+  benchmark::RegisterBenchmark("one_amount/qvn", qvn::bench::spellQvnOnce);
+  benchmark::RegisterBenchmark("one_amount/icu_made_anew", qvn::bench::spellIcuMadeAnew);
   return qvn::bench::runBesidePeers(argc, argv);
 }

@@ -17,18 +17,32 @@ std::size_t checkedOffset(const Variant& position, std::size_t count) {
 
 }  // namespace
 
+void Collection::Add(Variant value, std::string_view key) { insert(std::move(value), key, entries_.size()); }
+
 void Collection::Add(Variant value, std::string_view key, const Variant& before, const Variant& after) {
   if (!before.isEmpty() && !after.isEmpty()) throw RuntimeError(error_number::kInvalidCall);
-  std::string upperKey = upperCase(key);
-  if (!upperKey.empty() && keys_.find(upperKey) != nullptr) throw RuntimeError(error_number::kDuplicateKey);
   const std::size_t offset = !before.isEmpty()  ? offsetOf(before)
                              : !after.isEmpty() ? offsetOf(after) + 1
                                                 : entries_.size();
+  insert(std::move(value), key, offset);
+}
+
+void Collection::insert(Variant&& value, std::string_view key, std::size_t offset) {
+  const auto at = entries_.begin() + static_cast<std::ptrdiff_t>(offset);
+  if (key.empty()) {
+    Entry& added = pool_.take();
+    added.value = std::move(value);
+    entries_.insert(at, &added);
+    return;
+  }
+  std::string upperKey = upperCase(key);
+  const auto place = keys_.placeToAdd(upperKey);
+  if (keys_.isTaken(place)) throw RuntimeError(error_number::kDuplicateKey);
   Entry& added = pool_.take();
   added.value = std::move(value);
   added.key = std::move(upperKey);
-  entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(offset), &added);
-  if (!added.key.empty()) keys_.add(added);
+  entries_.insert(at, &added);
+  keys_.add(added, place);
 }
 
 Variant& Collection::Item(const Variant& indexOrKey) { return find(indexOrKey).value; }

@@ -61,7 +61,8 @@ class Collection final : public Object {
   ///
   /// @throws RuntimeError  457 when the key is taken; 5 when both `before` and `after` are given; as Item for the item
   ///                       that they name
-  void Add(Variant value, std::string_view key = {}, const Variant& before = {}, const Variant& after = {});
+  void Add(Variant value, std::string_view key, const Variant& before, const Variant& after = {});
+  void Add(Variant value, std::string_view key = {});
 
   /// The value of an item, which may be assigned to.
   ///
@@ -79,6 +80,7 @@ class Collection final : public Object {
   [[nodiscard]] Iterator end() const { return Iterator(entries_.end()); }
 
  private:
+  void insert(Variant&& value, std::string_view key, std::size_t offset);
   [[nodiscard]] Entry& find(const Variant& indexOrKey) const;
   [[nodiscard]] Entry& findKey(std::string_view key) const;
   [[nodiscard]] std::size_t offsetOf(const Variant& indexOrKey) const;

@@ -13,10 +13,13 @@ template <typename Entry>
 class EntryPool {
  public:
   Entry& take() {
-    if (free_.empty()) addBlock();
-    Entry& entry = *free_.back();
-    free_.pop_back();
-    return entry;
+    if (!free_.empty()) {
+      Entry& entry = *free_.back();
+      free_.pop_back();
+      return entry;
+    }
+    if (blocks_.empty() || blocks_.back().size() == blocks_.back().capacity()) addBlock();
+    return blocks_.back().emplace_back();
   }
 
   void giveBack(Entry& entry) {
@@ -26,17 +29,13 @@ class EntryPool {
 
  private:
   void addBlock() {
-    constexpr std::size_t kFirst = 8;
+    constexpr std::size_t kFirst = 24;
     constexpr std::size_t kLargest = 1024;
-    const std::size_t size = blocks_.empty() ? kFirst : std::min(2 * lastSize_, kLargest);
-    free_.reserve(free_.size() + size);
-    std::vector<Entry>& block = blocks_.emplace_back(size);
-    for (std::size_t i = size; i > 0; --i) free_.push_back(&block[i - 1]);
-    lastSize_ = size;
+    const std::size_t size = blocks_.empty() ? kFirst : std::min(2 * blocks_.back().capacity(), kLargest);
+    blocks_.emplace_back().reserve(size);
   }
 
-  std::vector<std::vector<Entry>> blocks_;  // none of them grows
-  std::size_t lastSize_ = 0;
+  std::vector<std::vector<Entry>> blocks_;  // none of them grows beyond what it reserved
   std::vector<Entry*> free_;
 };
 

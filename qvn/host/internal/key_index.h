@@ -19,10 +19,21 @@ class KeyIndex {
     return slots_[placeOf(key, std::hash<std::string_view>{}(key))].entry;
   }
 
-  /// The key must not be there yet.
-  void add(Entry& entry) {
+  /// Where a key is or would be; good until the index changes.
+  struct Place {
+    std::size_t hash;
+    std::size_t at;
+  };
+  /// Makes room for one more key first.
+  [[nodiscard]] Place placeToAdd(std::string_view key) {
     if (2 * (count_ + 1) > slots_.size()) grow();
-    place({std::hash<std::string_view>{}(entry.key), &entry});
+    const std::size_t hash = std::hash<std::string_view>{}(key);
+    return {hash, placeOf(key, hash)};
+  }
+  [[nodiscard]] bool isTaken(Place place) const { return slots_[place.at].entry != nullptr; }
+  /// The place must not be taken.
+  void add(Entry& entry, Place place) {
+    slots_[place.at] = {place.hash, &entry};
     ++count_;
   }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "qvn/data/drivers/firebird/engine_modules.h"
 #include "qvn/data/drivers/firebird/firebird_error.h"
 #include "qvn/data/drivers/firebird/thread_locale.h"
 
@@ -44,6 +45,8 @@ FirebirdLink::FirebirdLink(const ConnectRequest& request) : target_(databaseTarg
   }
   if (status_.hasFailed()) throw connectError(status_, target_.quotedName());
 }
+
+FirebirdLink::~FirebirdLink() { keepEngineLoaded(); }
 
 void FirebirdLink::fail() {
   isLost_ = isLost_ || isConnectionLost(status_);

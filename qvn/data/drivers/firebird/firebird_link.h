@@ -12,6 +12,9 @@ class FirebirdLink {
  public:
   /// Opens the database, or makes it where the mode says so. See Driver::connect.
   explicit FirebirdLink(const ConnectRequest& request);
+  FirebirdLink(const FirebirdLink&) = delete;
+  FirebirdLink& operator=(const FirebirdLink&) = delete;
+  ~FirebirdLink();
 
   [[nodiscard]] Firebird::IAttachment& attachment() const { return *attachment_; }
   [[nodiscard]] bool isReadOnly() const { return target_.mode == AccessMode::ReadOnly; }

@@ -13,9 +13,9 @@ std::vector<unsigned char> parameters(bool isReadOnly, std::chrono::seconds lock
                                       isc_tpb_wait};
   if (lockTimeout > std::chrono::seconds::zero()) {
     const auto longest = std::numeric_limits<std::int32_t>::max();
-    const auto seconds = static_cast<std::uint32_t>(std::min<std::int64_t>(lockTimeout.count(), longest));
-    block.insert(block.end(), {isc_tpb_lock_timeout, sizeof(seconds)});
-    for (unsigned shift = 0; shift < 32; shift += 8) block.push_back(static_cast<unsigned char>(seconds >> shift));
+    const auto limit = static_cast<std::uint32_t>(std::min<std::int64_t>(lockTimeout.count(), longest));
+    block.insert(block.end(), {isc_tpb_lock_timeout, sizeof(limit)});
+    for (unsigned shift = 0; shift < 32; shift += 8) block.push_back(static_cast<unsigned char>(limit >> shift));
   }
   return block;
 }

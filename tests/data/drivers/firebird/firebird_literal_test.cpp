@@ -4,17 +4,12 @@
 
 #include "qvn/base/runtime_error.h"
 #include "tests/data/drivers/firebird/firebird_fixture.h"
+#include "tests/support/column_types.h"
 
 namespace qvn::test {
 namespace {
 
 using data::FieldType;
-
-std::string allBytes() {
-  std::string bytes;
-  for (int code = 0; code < 256; ++code) bytes.push_back(static_cast<char>(code));
-  return bytes;
-}
 
 class FirebirdLiteral : public FirebirdTest {
  protected:

@@ -2,28 +2,13 @@
 #include <limits>
 
 #include "tests/data/drivers/firebird/firebird_fixture.h"
+#include "tests/support/column_types.h"
 
 namespace qvn::test {
 namespace {
 
 using data::Column;
 using data::FieldType;
-
-Variant decimal(std::string_view text) { return *Decimal::fromText(text); }
-
-Variant moment(int year, int month, int day, TimeOfDay time = {}, double fractionOfSecond = 0) {
-  const double midnight = Date::fromCivil(year, month, day).serial();
-  const double fraction = (time.hour * 3600 + time.minute * 60 + time.second + fractionOfSecond) / 86400;
-  return Date(midnight < 0 ? midnight - fraction : midnight + fraction);
-}
-
-struct TypeRow {
-  const char* why;
-  std::string declaration;
-  std::string sql;  // the value in a statement
-  FieldType type;
-  Variant value;
-};
 
 const TypeRow kTypeRows[] = {
     {"NULL of a number", "INTEGER", "NULL", FieldType::Integer, Null{}},
@@ -77,18 +62,7 @@ const TypeRow kTypeRows[] = {
 
 class FirebirdTypes : public FirebirdTest {};
 
-TEST_F(FirebirdTypes, ReadAsTheirOwnKind) {
-  for (const TypeRow& row : kTypeRows) {
-    SCOPED_TRACE(row.why);
-    session_->execute("RECREATE TABLE tipos (v " + row.declaration + ")");
-    session_->execute("INSERT INTO tipos VALUES (" + row.sql + ")");
-    const data::StatementResult result = session_->execute("SELECT v FROM tipos");
-    ASSERT_NE(result.cursor, nullptr);
-    ASSERT_EQ(result.cursor->columns().size(), 1u);
-    EXPECT_EQ(result.cursor->columns()[0].type, row.type);
-    EXPECT_EQ(remaining(*result.cursor), std::vector<std::string>{shown(row.value)});
-  }
-}
+TEST_F(FirebirdTypes, ReadAsTheirOwnKind) { expectTypes(*session_, "RECREATE TABLE", kTypeRows); }
 
 TEST_F(FirebirdTypes, ColumnsTellTheirSizes) {
   session_->execute(

@@ -1,5 +1,6 @@
 // What each column type of the engine gives to hosts.
 #include "tests/data/drivers/mysql/mysql_fixture.h"
+#include "tests/support/column_types.h"
 
 namespace qvn::test {
 namespace {
@@ -7,23 +8,7 @@ namespace {
 using data::Column;
 using data::FieldType;
 
-Variant decimal(std::string_view text) { return *Decimal::fromText(text); }
-
-Variant moment(int year, int month, int day, TimeOfDay time = {}, double fractionOfSecond = 0) {
-  const double midnight = Date::fromCivil(year, month, day).serial();
-  const double fraction = (time.hour * 3600 + time.minute * 60 + time.second + fractionOfSecond) / 86400;
-  return Date(midnight < 0 ? midnight - fraction : midnight + fraction);
-}
-
 const std::string kNines65(65, '9');
-
-struct TypeRow {
-  const char* why;
-  std::string declaration;
-  std::string sql;  // the value in a statement
-  FieldType type;
-  Variant value;
-};
 
 const TypeRow kTypeRows[] = {
     {"NULL of a number", "INT", "NULL", FieldType::Integer, Null{}},
@@ -95,16 +80,7 @@ class MysqlTypes : public MysqlTest {};
 
 TEST_F(MysqlTypes, ReadAsTheirOwnKind) {
   session_->execute("SET sql_mode = 'ALLOW_INVALID_DATES'");
-  for (const TypeRow& row : kTypeRows) {
-    SCOPED_TRACE(row.why);
-    session_->execute("CREATE OR REPLACE TEMPORARY TABLE tipos (v " + row.declaration + ")");
-    session_->execute("INSERT INTO tipos VALUES (" + row.sql + ")");
-    const data::StatementResult result = session_->execute("SELECT v FROM tipos");
-    ASSERT_NE(result.cursor, nullptr);
-    ASSERT_EQ(result.cursor->columns().size(), 1u);
-    EXPECT_EQ(result.cursor->columns()[0].type, row.type);
-    EXPECT_EQ(remaining(*result.cursor), std::vector<std::string>{shown(row.value)});
-  }
+  expectTypes(*session_, "CREATE OR REPLACE TEMPORARY TABLE", kTypeRows);
 }
 
 TEST_F(MysqlTypes, ExpressionsHaveTypesToo) {
