@@ -77,6 +77,9 @@ TEST_F(DatabaseBackupTest, WritesEveryTypeAsItsText) {
   };
   const Row rows[] = {
       {"TINYINT", "-128", "-128"},
+      {"SMALLINT UNSIGNED", "65535", "65535"},
+      {"MEDIUMINT", "-8388608", "-8388608"},
+      {"INT UNSIGNED", "4294967295", "4294967295"},
       {"BIGINT UNSIGNED", "18446744073709551615", "18446744073709551615"},
       {"INT(6) ZEROFILL", "42", "42"},
       {"DECIMAL(20,4)", "3", "3.00"},
@@ -94,13 +97,20 @@ TEST_F(DatabaseBackupTest, WritesEveryTypeAsItsText) {
       {"TIME", "'-30:00:00'", "-30:00:00"},
       {"DATETIME", "'2012-03-07 10:42:07'", "2012-03-07 10:42:07"},
       {"DATETIME(3)", "'2012-03-07 10:42:07.25'", "2012-03-07 10:42:07.25"},
+      {"DATETIME(6)", "'2012-03-07 10:42:07.123456'", "2012-03-07 10:42:07.123456"},
       {"TIMESTAMP", "'2012-03-07 10:42:07'", "2012-03-07 10:42:07"},
       {"CHAR(5)", "'ab'", "ab"},
       {"TEXT CHARACTER SET latin1", "'ñ'", "ñ"},
       {"ENUM('a','b')", "'b'", "b"},
       {"SET('a','b')", "'a,b'", "a,b"},
       {"VARBINARY(9)", "0x27005C", std::string("\\'\0\\\\", 5)},
+      {"BINARY(3)", "'a'", std::string("a\0\0", 3)},
       {"BLOB", "0x0D0A41", "\\r\\nA"},
+      {"LONGTEXT CHARACTER SET utf16", "'ñ€😀'", "ñ€😀"},
+      {"JSON", "'{\"a\":1}'", "{\"a\":1}"},
+      {"UUID", "'123e4567-e89b-12d3-a456-426655440000'", "123e4567-e89b-12d3-a456-426655440000"},
+      {"INET6", "'::1'", "::1"},
+      {"POINT", "POINT(1, 2)", std::string("\0\0\0\0\1\1\0\0\0\0\0\0\0\0\0\xF0\x3F\0\0\0\0\0\0\0\x40", 25)},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(std::string(row.type) + " " + row.value);
