@@ -13,7 +13,6 @@ namespace {
 class BackupCommands : public testing::Test {
  protected:
   BackupCommands() {
-    data::registerBuiltInDrivers();
     drop();
     connection_->Execute("CREATE DATABASE tienda_cli CHARACTER SET utf8mb4");
     connection_->Execute("USE tienda_cli");
@@ -31,6 +30,7 @@ class BackupCommands : public testing::Test {
   }
 
   static data::ConnectionPtr open() {
+    data::registerBuiltInDrivers();
     auto connection = data::Connection::create();
     connection->Open(mysqlConnectionString());
     return connection;

@@ -112,8 +112,7 @@ TEST_F(FaithfulBackupTest, LeavesAnOlderFileWhenItFails) {
   };
   execute("INSERT INTO a SELECT seq FROM seq_1_to_500000");
   killed = connection_->Execute("SELECT CONNECTION_ID()")->Fields(0).Value().toLongLong();
-  EXPECT_EQ(test::errorNumber([&] { backupFaithfully(file_, connection_, clock_, kill); }),
-            data::provider_number::kUnspecified);
+  EXPECT_THROW(backupFaithfully(file_, connection_, clock_, kill), data::ProviderError);
   EXPECT_EQ(test::errorNumber([&] { backupFaithfully("/dev/full", open("tienda"), clock_); }), error_number::kDiskFull);
   EXPECT_EQ(test::contentsOf(file_), "older");
   EXPECT_FALSE(std::filesystem::exists(file_ + ".parcial"));
