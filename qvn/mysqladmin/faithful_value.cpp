@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <string_view>
 
@@ -61,7 +62,7 @@ void appendNumber(Number number, std::string& sql) {
 void appendDouble(double number, std::string& sql) {
   appendNumber(number, sql);
   // Without an exponent the sign of a zero would be lost.
-  if (number == 0) sql.append("e0");
+  if (number == 0 && std::signbit(number)) sql.append("e0");
 }
 
 }  // namespace
