@@ -4,6 +4,8 @@
 
 #include "apps/qvn/table_writer.h"
 #include "apps/qvn/terminal_text.h"
+#include "apps/qvn/transfer_bar.h"
+#include "qvn/mysqladmin/dump_verification.h"
 
 namespace qvn::cli {
 namespace {
@@ -62,7 +64,11 @@ ExitStatus tellRestore(const mysqladmin::RestoreReport& report, Context& context
   return ExitStatus::Failed;
 }
 
-ExitStatus tellVerification(const mysqladmin::VerificationReport& report, Context& context) {
+ExitStatus verifyAndTell(std::string_view path, const data::ConnectionPtr& connection, bool isBarWanted,
+                         Context& context) {
+  TransferBar bar(context.messages, isBarWanted);
+  const mysqladmin::VerificationReport report = mysqladmin::verifyDump(path, connection, bar.observer());
+  bar.clear();
   if (!report.restore.isComplete()) return tellRestore(report.restore, context);
   TableWriter table(context.out, {"tabla", "renglones", "en el respaldo", "suma"});
   for (const mysqladmin::TableComparison& compared : report.tables) {

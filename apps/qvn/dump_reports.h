@@ -5,7 +5,7 @@
 
 #include "apps/qvn/command.h"
 #include "qvn/mysqladmin/backup_report.h"
-#include "qvn/mysqladmin/dump_verification.h"
+#include "qvn/mysqladmin/database_restore.h"
 
 namespace qvn::cli {
 
@@ -13,7 +13,9 @@ namespace qvn::cli {
 
 ExitStatus tellBackup(const mysqladmin::BackupReport& report, std::string_view path, Context& context);
 ExitStatus tellRestore(const mysqladmin::RestoreReport& report, Context& context);
-ExitStatus tellVerification(const mysqladmin::VerificationReport& report, Context& context);
+/// Verifies the dump of that path first, under a bar if one is wanted.
+ExitStatus verifyAndTell(std::string_view path, const data::ConnectionPtr& connection, bool isBarWanted,
+                         Context& context);
 
 /// "1,234,567" by the regional settings.
 std::string countText(std::int64_t number, Context& context);

@@ -73,15 +73,13 @@ ExitStatus runRespalda(const Arguments& arguments, Context& context) {
   if (arguments.has(kSimulateOption.name)) return listTables(connection, context);
 
   const Interruption interruption;
-  TransferBar bar(context.messages, !arguments.has(kTraceOption.name));
+  const bool isBarWanted = !arguments.has(kTraceOption.name);
+  TransferBar bar(context.messages, isBarWanted);
   const mysqladmin::BackupReport report = backUp(path, isFaithful, connection, bar.observer());
   bar.clear();
   const ExitStatus status = tellBackup(report, path, context);
   if (status != ExitStatus::Done || !arguments.has(kVerifyOption.name)) return status;
-  TransferBar verifying(context.messages, !arguments.has(kTraceOption.name));
-  const mysqladmin::VerificationReport verified = mysqladmin::verifyDump(path, connection, verifying.observer());
-  verifying.clear();
-  return tellVerification(verified, context);
+  return verifyAndTell(path, connection, isBarWanted, context);
 }
 
 }  // namespace

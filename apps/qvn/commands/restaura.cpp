@@ -70,12 +70,9 @@ ExitStatus runRestaura(const Arguments& arguments, Context& context) {
 
   const data::ConnectionPtr connection = connectSecretly(arguments, context);
   const Interruption interruption;
-  TransferBar bar(context.messages, !arguments.has(kTraceOption.name));
-  if (arguments.has(kVerifyOption.name)) {
-    const mysqladmin::VerificationReport verified = mysqladmin::verifyDump(path, connection, bar.observer());
-    bar.clear();
-    return tellVerification(verified, context);
-  }
+  const bool isBarWanted = !arguments.has(kTraceOption.name);
+  if (arguments.has(kVerifyOption.name)) return verifyAndTell(path, connection, isBarWanted, context);
+  TransferBar bar(context.messages, isBarWanted);
   const mysqladmin::TransferOptions transfer{.observe = bar.observer(), .hasFormats = true};
   // A whole table may be one statement.
   connection->setCommandTimeout(std::chrono::seconds::zero());
