@@ -26,6 +26,8 @@
 #include "qvn/ledger/price_history.h"
 #include "qvn/ledger/receivables.h"
 #include "qvn/ledger/stock.h"
+#include "qvn/mysqladmin/database_backup.h"
+#include "qvn/mysqladmin/table_repair.h"
 #include "qvn/rowtext/read_record.h"
 #include "qvn/rowtext/write_record.h"
 #include "qvn/system/dos_outputs.h"
@@ -418,6 +420,16 @@ barcode::PicturePtr LumLibreria::BarcodeEAN13(std::int16_t zBarH, std::string_vi
 barcode::PicturePtr LumLibreria::BarcodeEAN8(std::int16_t zBarH, std::string_view BarText, bool HasCaption) const {
   return barcode::pictureOf({barcode::Symbology::Ean8, zBarH, std::string(BarText), HasCaption}, *dialogs_);
 }
+mysqladmin::BackupReport LumLibreria::DatabaseBackup(std::string_view strFileName, const ConnectionPtr& conn) const {
+  return mysqladmin::DatabaseBackup(strFileName, conn, *clock_);
+}
+mysqladmin::RestoreReport LumLibreria::DatabaseRestore(std::string_view strFileName, const ConnectionPtr& conn) const {
+  return mysqladmin::DatabaseRestore(strFileName, conn);
+}
+void LumLibreria::ReparaTabla(std::string_view text, const ConnectionPtr& Connection) const {
+  mysqladmin::ReparaTabla(text, Connection, *dialogs_, *clock_);
+}
+
 std::int16_t LumLibreria::getEAN13ChekDigit(std::string_view text) const { return barcode::getEAN13ChekDigit(text); }
 std::int16_t LumLibreria::getBarcodeData(const Variant& /*data*/) const { return 0; }
 

@@ -31,6 +31,8 @@
 #include "qvn/host/pending_statements.h"
 #include "qvn/host/query.h"
 #include "qvn/host/text_box.h"
+#include "qvn/mysqladmin/backup_report.h"
+#include "qvn/mysqladmin/database_restore.h"
 #include "qvn/rowtext/text_data.h"
 #include "qvn/rowtext/ws_field.h"
 #include "qvn/text/shell_sort.h"
@@ -267,6 +269,13 @@ class LumLibreria {
   void SalvaHistCamb(std::string_view Articulo, double precio1, double precio2 = 0, double precio3 = 0,
                      double precio4 = 0, double precio5 = 0, double precio6 = 0, double precio7 = 0, double precio8 = 0,
                      double precio9 = 0, double precio10 = 0, const host::AmbientePtr& Ambiente = nullptr) const;
+
+  // MySQL backup, restore and repair: qvn/mysqladmin/database_backup.h, database_restore.h and table_repair.h. The
+  // reports may be left unread.
+
+  mysqladmin::BackupReport DatabaseBackup(std::string_view strFileName, const ConnectionPtr& conn) const;
+  mysqladmin::RestoreReport DatabaseRestore(std::string_view strFileName, const ConnectionPtr& conn) const;
+  void ReparaTabla(std::string_view text, const ConnectionPtr& Connection) const;
 
   // Barcodes: qvn/barcode/oden_barcode.h, picture.h and ean.h
 

@@ -7,11 +7,12 @@ namespace qvn::cli {
 namespace {
 
 constexpr auto kCommands = std::to_array<const Command*>({
-    &kDemoCommand,       &kSaldoCommand,   &kSaldoProveedorCommand, &kPorAplicarCommand, &kRecalculaCommand,
-    &kSurtirCommand,     &kRecibirCommand, &kLotesCommand,          &kPreciosCommand,    &kConsecutivoCommand,
-    &kSqlCommand,        &kFilaCommand,    &kConexionCommand,       &kFormatoCommand,    &kLetraCommand,
-    &kCalendarioCommand, &kCifraCommand,   &kDescifraCommand,       &kEjecutaCommand,    &kMensajeCommand,
-    &kPreguntaCommand,   &kEntradaCommand, &kBitacoraCommand,       &kBarrasCommand,
+    &kDemoCommand,     &kSaldoCommand,    &kSaldoProveedorCommand, &kPorAplicarCommand, &kRecalculaCommand,
+    &kSurtirCommand,   &kRecibirCommand,  &kLotesCommand,          &kPreciosCommand,    &kConsecutivoCommand,
+    &kRespaldaCommand, &kRestauraCommand, &kReparaCommand,         &kBarrasCommand,     &kSqlCommand,
+    &kFilaCommand,     &kConexionCommand, &kFormatoCommand,        &kLetraCommand,      &kCalendarioCommand,
+    &kCifraCommand,    &kDescifraCommand, &kEjecutaCommand,        &kMensajeCommand,    &kPreguntaCommand,
+    &kEntradaCommand,  &kBitacoraCommand,
 });
 
 }  // namespace

@@ -8,23 +8,26 @@
 namespace qvn::cli {
 
 data::ConnectionPtr connect(const Arguments& arguments, Context& context) {
-  if (const auto given = arguments.value(kConnectionOption.name)) {
-    return connectTo(std::string(*given), arguments, context);
-  }
+  return connectTo(connectionText(arguments), arguments, context);
+}
+
+std::string connectionText(const Arguments& arguments) {
+  if (const auto given = arguments.value(kConnectionOption.name)) return std::string(*given);
   const char* variable = std::getenv("QVN_CONEXION");
   if (variable == nullptr || *variable == '\0') {
     throw UsageError(
         "falta la conexión: désela con -c CADENA o en la variable QVN_CONEXION, por ejemplo\n"
         "     -c 'Provider=SQLite;Data Source=tienda.db'");
   }
-  return connectTo(variable, arguments, context);
+  return variable;
 }
 
 std::string readableConnection(std::string_view connectionString) {
   return safeText(data::withoutPassword(connectionString));
 }
 
-data::ConnectionPtr connectTo(const std::string& connectionString, const Arguments& arguments, Context& context) {
+data::ConnectionPtr connectTo(const std::string& connectionString, const Arguments& arguments, Context& context,
+                              const std::string& password) {
   data::ConnectionPtr connection = data::Connection::create();
   if (arguments.has(kTraceOption.name)) {
     connection->setStatementObserver([&out = context.out, &messages = context.messages](std::string_view sql) {
@@ -35,7 +38,7 @@ data::ConnectionPtr connectTo(const std::string& connectionString, const Argumen
     });
   }
   try {
-    connection->Open(connectionString);
+    connection->Open(connectionString, {}, password);
   } catch (const RuntimeError&) {
     context.messages << "qvn: no se abrió la conexión " << readableConnection(connectionString) << "\n";
     throw;

@@ -16,8 +16,12 @@ inline constexpr Option kTraceOption{"traza", 0, "", "escribe cada sentencia en 
 /// asked for. Throws UsageError when neither is given, ProviderError as Connection::Open does.
 data::ConnectionPtr connect(const Arguments& arguments, Context& context);
 
-/// The same with a connection string from elsewhere.
-data::ConnectionPtr connectTo(const std::string& connectionString, const Arguments& arguments, Context& context);
+/// The same with a connection string from elsewhere; a password that is not empty goes before that of the string.
+data::ConnectionPtr connectTo(const std::string& connectionString, const Arguments& arguments, Context& context,
+                              const std::string& password = {});
+
+/// The text of the option or of the environment variable. Throws UsageError when neither is given.
+std::string connectionText(const Arguments& arguments);
 
 /// A connection string for people to read: on one line, without its password.
 std::string readableConnection(std::string_view connectionString);

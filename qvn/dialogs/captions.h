@@ -9,6 +9,7 @@ namespace qvn::dialogs {
 inline constexpr std::string_view kMessageCaption = "Mensaje";
 inline constexpr std::string_view kQuestionCaption = "Pregunta";
 inline constexpr std::string_view kChoiceCaption = "Que hacer";
+inline constexpr std::string_view kProgressCaption = "Reparando";
 inline constexpr std::string_view kEntryCaption = "Quorvin POS";
 
 inline constexpr std::string_view kAccept = "&Aceptar";

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,6 +18,10 @@ namespace qvn::dialogs {
 /// caller.
 class Dialogs : public host::MessageBox {
  public:
+  /// Shows another text in a progress dialog.
+  using Show = std::function<void(std::string_view text)>;
+  using Work = std::function<void(const Show& show)>;
+
   /// A text with an icon, and one without.
   virtual void message(std::string_view text) = 0;
   virtual void alert(std::string_view text) = 0;
@@ -34,6 +39,11 @@ class Dialogs : public host::MessageBox {
 
   /// Lets the person edit a text with an on-screen keyboard; the text as it was when that is cancelled.
   virtual std::string keyboard(std::string_view text) = 0;
+
+  /// A text without buttons that stays while `work` runs, and goes when it ends. `work` begins once the text is there,
+  /// and may put others in its place, each of which is seen before the work goes on. What `work` throws reaches the
+  /// caller.
+  virtual void progress(std::string_view text, const Work& work) = 0;
 };
 using DialogsPtr = std::shared_ptr<Dialogs>;
 

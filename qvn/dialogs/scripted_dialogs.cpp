@@ -55,4 +55,9 @@ std::string ScriptedDialogs::keyboard(std::string_view text) {
   return nextText().value_or(std::string(text));
 }
 
+void ScriptedDialogs::progress(std::string_view text, const Work& work) {
+  keep("progress", text);
+  work([this](std::string_view next) { keep("progress", next); });
+}
+
 }  // namespace qvn::dialogs

@@ -12,7 +12,8 @@ namespace qvn::dialogs {
 class ScriptedDialogs final : public Dialogs {
  public:
   struct Shown {
-    std::string kind;  ///< "message", "alert", "question", "choice", "entry", "password", "keyboard" or "box"
+    std::string kind;  ///< "message", "alert", "question", "choice", "entry", "password", "keyboard", "progress" or
+                       ///< "box"
     std::string text;
     std::int32_t detail = 0;  ///< the focused button, or the style of a box
     friend bool operator==(const Shown&, const Shown&) = default;
@@ -31,6 +32,7 @@ class ScriptedDialogs final : public Dialogs {
   std::optional<std::string> entry(std::string_view text) override;
   std::optional<std::string> password(std::string_view text, const host::AmbientePtr& ambiente) override;
   std::string keyboard(std::string_view text) override;
+  void progress(std::string_view text, const Work& work) override;
 
  private:
   void keep(std::string_view kind, std::string_view text, std::int32_t detail = 0);

@@ -105,6 +105,11 @@ std::string TerminalDialogs::keyboard(std::string_view text) {
   return line && !line->empty() ? *line : std::string(text);
 }
 
+void TerminalDialogs::progress(std::string_view text, const Work& work) {
+  tell(text);
+  work([this](std::string_view next) { tell(next); });
+}
+
 DialogsPtr terminalDialogs() {
   return std::make_shared<TerminalDialogs>(std::cin, std::cerr, [](std::string& line) {
     const HiddenInput hidden;

@@ -29,6 +29,7 @@ class TerminalDialogs final : public Dialogs {
   std::optional<std::string> password(std::string_view text, const host::AmbientePtr& ambiente) override;
   /// Shows the text; an empty line leaves it as it was.
   std::string keyboard(std::string_view text) override;
+  void progress(std::string_view text, const Work& work) override;
 
  private:
   void tell(std::string_view text);

@@ -8,7 +8,7 @@
 
 #include "qvn/base/path.h"
 #include "qvn/base/utf8.h"
-#include "qvn/host/internal/file_error.h"
+#include "qvn/host/file_error.h"
 
 namespace qvn::host {
 namespace {

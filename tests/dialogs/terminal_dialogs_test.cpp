@@ -56,6 +56,12 @@ TEST(TerminalDialogs, EntriesAreLines) {
   EXPECT_EQ(terminal.out.str().find("secreto"), std::string::npos);
 }
 
+TEST(TerminalDialogs, ProgressIsALinePerText) {
+  Terminal terminal("");
+  terminal.dialogs.progress("uno", [](const Dialogs::Show& show) { show("dos\r\ntres"); });
+  EXPECT_EQ(terminal.out.str(), "uno\ndos\ntres\n");
+}
+
 TEST(TerminalDialogs, TextsSteerNothing) {
   Terminal terminal("");
   terminal.dialogs.message("<b>uno</b>\r\ndos\t\x1B[2J\x07 \xFF\u202E");

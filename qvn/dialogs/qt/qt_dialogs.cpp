@@ -8,6 +8,7 @@
 #include "qvn/dialogs/qt/entry_window.h"
 #include "qvn/dialogs/qt/keyboard_window.h"
 #include "qvn/dialogs/qt/message_window.h"
+#include "qvn/dialogs/qt/progress_window.h"
 #include "qvn/dialogs/qt/window_parts.h"
 
 namespace qvn::dialogs {
@@ -53,6 +54,7 @@ class QtDialogs final : public Dialogs {
     qt::KeyboardWindow window(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())), QLineEdit::Normal);
     return window.exec() == QDialog::Accepted ? window.text().toStdString() : std::string(text);
   }
+  void progress(std::string_view text, const Work& work) override { qt::ProgressWindow(text, work).run(); }
 
  private:
   static std::int16_t ask(std::string_view caption, std::string_view text, std::span<const std::string_view> buttons,

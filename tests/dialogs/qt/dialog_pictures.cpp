@@ -11,12 +11,17 @@
 
 namespace {
 
+// Takes a picture of the window that is open.
+QWidget* grab(const QString& file) {
+  QWidget* const window = QApplication::activeModalWidget();
+  if (window == nullptr || !window->grab().save(file)) std::cerr << "no picture: " << file.toStdString() << '\n';
+  return window;
+}
+
 // Takes a picture of the window that `open` shows, and closes it.
 void picture(const QString& file, const std::function<void()>& open) {
   QTimer::singleShot(200, qApp, [file] {
-    QWidget* const window = QApplication::activeModalWidget();
-    if (window == nullptr || !window->grab().save(file)) std::cerr << "no picture: " << file.toStdString() << '\n';
-    if (window != nullptr) window->close();
+    if (QWidget* const window = grab(file)) window->close();
   });
   open();
 }
@@ -43,6 +48,11 @@ int main(int argc, char** argv) {
   picture(folder.filePath("entrada.png"), [&] { dialogs.entry("Nombre del cliente"); });
   picture(folder.filePath("contrasena.png"), [&] { dialogs.password("Contraseña", nullptr); });
   picture(folder.filePath("teclado.png"), [&] { dialogs.keyboard("Ferretería Muñoz"); });
+  // It goes by itself, so that the work takes the picture.
+  dialogs.progress("Reparando: clients", [&](const qvn::dialogs::Dialogs::Show& show) {
+    show("Reparando: clients\r\n\r\nEs necesario reparar con el comando myisamchk");
+    grab(folder.filePath("avance.png"));
+  });
   picture(folder.filePath("cuadro.png"), [&] { dialogs.show(text, 64, "Quorvin POS"); });
   return 0;
 }

@@ -15,6 +15,7 @@
 #include <cmath>
 #include <functional>
 #include <optional>
+#include <stdexcept>
 
 #include "apps/qvn/program.h"
 #include "qvn/dialogs/ask.h"
@@ -210,6 +211,29 @@ TEST_F(QtDialogs, TheKeyboardOnTheScreenTypes) {
     QTest::keyClick(entry.focusWidget(), Qt::Key_Return);
   });
   EXPECT_EQ(dialogs_->entry("Nombre"), "abñÁ1& ");
+}
+
+TEST_F(QtDialogs, ProgressStaysWhileTheWorkRuns) {
+  std::vector<std::string> seen;
+  const auto look = [&](const char* why) {
+    QWidget* const window = QApplication::activeModalWidget();
+    ASSERT_NE(window, nullptr) << why;
+    EXPECT_TRUE(window->isVisible()) << why;
+    EXPECT_EQ(window->windowTitle(), "Reparando");
+    window->close();
+    EXPECT_TRUE(window->isVisible()) << why;
+    seen.push_back(window->findChild<QLabel*>("lblMensaje")->text().toStdString());
+  };
+  dialogs_->progress("Reparando: <b>clients</b>", [&](const Dialogs::Show& show) {
+    look("at first");
+    show("Reparando: clients\r\nstatus OK");
+    look("afterwards");
+  });
+  EXPECT_EQ(seen, (std::vector<std::string>{"Reparando: <b>clients</b>", "Reparando: clients\nstatus OK"}));
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_THROW(dialogs_->progress("x", [](const Dialogs::Show&) { throw std::out_of_range("work"); }),
+               std::out_of_range);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(QtDialogs, LongTextsScroll) {

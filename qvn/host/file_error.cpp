@@ -1,4 +1,4 @@
-#include "qvn/host/internal/file_error.h"
+#include "qvn/host/file_error.h"
 
 #include <algorithm>
 #include <array>
