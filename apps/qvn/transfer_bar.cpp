@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 
 #include "apps/qvn/interruption.h"
@@ -23,7 +24,7 @@ std::string transferLabel(const mysqladmin::TransferProgress& at, std::chrono::d
   std::string label = safeText(at.table, kNameColumns) + text.data();
   if (at.done <= 0 || at.total <= 0 || seconds < 1) return label;
   const double share = std::min(static_cast<double>(at.done) / static_cast<double>(at.total), 1.0);
-  const int left = static_cast<int>(std::min(seconds / share - seconds, 359999.0) + 0.5);
+  const int left = static_cast<int>(std::lround(std::min(seconds / share - seconds, 359999.0)));
   std::snprintf(text.data(), text.size(), ", faltan %d:%02d", left / 60, left % 60);
   return label + text.data();
 }

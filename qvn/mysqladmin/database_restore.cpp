@@ -46,7 +46,7 @@ std::string takeWord(std::string_view& statement) {
   static constexpr std::string_view kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_";
   statement.remove_prefix(std::min(statement.find_first_not_of(" \t\r\n"), statement.size()));
   const std::size_t size = std::min(statement.find_first_not_of(kLetters), statement.size());
-  const std::string word = upperCase(statement.substr(0, size));
+  std::string word = upperCase(statement.substr(0, size));
   statement.remove_prefix(size);
   return word;
 }

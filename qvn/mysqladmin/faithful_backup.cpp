@@ -129,8 +129,8 @@ class FaithfulDump {
         for (const DatabaseColumn& column : readColumns(table.name, connection_)) {
           columns.append(columns.empty() ? "" : ", ").append("1 AS ").append(quotedName(column.name));
         }
-        placeholders += "CREATE OR REPLACE VIEW " + name + " AS SELECT " + columns + ";\n";
-        definitions += "CREATE OR REPLACE" + create.substr(std::string_view("CREATE").size()) + ";\n";
+        placeholders.append("CREATE OR REPLACE VIEW ").append(name).append(" AS SELECT ").append(columns).append(";\n");
+        definitions.append("CREATE OR REPLACE").append(create, std::string_view("CREATE").size()).append(";\n");
       } catch (const data::ProviderError& error) {
         // One that reads what is no longer there.
         report_.skip(table.name, "SHOW CREATE VIEW", error);

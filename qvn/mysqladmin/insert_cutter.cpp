@@ -14,17 +14,18 @@ bool startsWithWord(std::string_view text, std::string_view word) {
   return text.size() > word.size() && equalIgnoringCase(text.substr(0, word.size()), word);
 }
 
+bool endsWithWord(std::string_view text, std::string_view word) {
+  if (text.size() <= word.size()) return false;
+  const char before = text[text.size() - word.size() - 1];
+  const bool isWord = before == ')' || before == '`' || kBlanks.find(before) != std::string_view::npos;
+  return isWord && equalIgnoringCase(text.substr(text.size() - word.size()), word);
+}
+
 // True when the rows of an INSERT begin behind `text`.
 bool endsBeforeRows(std::string_view text) {
   if (!startsWithWord(text, "INSERT") && !startsWithWord(text, "REPLACE")) return false;
   text = text.substr(0, text.find_last_not_of(kBlanks) + 1);
-  for (const std::string_view word : {"VALUES", "VALUE"}) {
-    if (text.size() <= word.size()) continue;
-    const char before = text[text.size() - word.size() - 1];
-    const bool isWord = before == ')' || before == '`' || kBlanks.find(before) != std::string_view::npos;
-    if (isWord && equalIgnoringCase(text.substr(text.size() - word.size()), word)) return true;
-  }
-  return false;
+  return endsWithWord(text, "VALUES") || endsWithWord(text, "VALUE");
 }
 
 }  // namespace

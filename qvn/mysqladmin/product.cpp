@@ -6,6 +6,6 @@ namespace qvn::mysqladmin {
 
 std::string productName() { return "QvnGenericFunctions v" QVN_VERSION; }
 
-std::string dumpMoment(Date moment) { return formatValue(moment, "dd\\/mm\\/yy hh\\:nn\\:ss"); }
+std::string dumpMoment(Date moment) { return formatValue(moment, R"(dd\/mm\/yy hh\:nn\:ss)"); }
 
 }  // namespace qvn::mysqladmin

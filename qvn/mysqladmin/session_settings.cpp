@@ -21,7 +21,7 @@ constexpr auto kNames = std::to_array<std::string_view>({
 
 }  // namespace
 
-SessionSettings::SessionSettings(data::ConnectionPtr connection)
+SessionSettings::SessionSettings(const data::ConnectionPtr& connection)
     : connection_(host::required(connection)), timeout_(connection_->CommandTimeout()) {
   database_ = firstText("SELECT DATABASE()", connection_);
   restoring_ = "SET SESSION ";

@@ -15,7 +15,7 @@ namespace qvn::mysqladmin {
 class SessionSettings {
  public:
   /// Throws ProviderError.
-  explicit SessionSettings(data::ConnectionPtr connection);
+  explicit SessionSettings(const data::ConnectionPtr& connection);
   ~SessionSettings();
   SessionSettings(const SessionSettings&) = delete;
   SessionSettings& operator=(const SessionSettings&) = delete;

@@ -15,7 +15,7 @@ constexpr std::string_view kBookkeeping = "reparando";
 
 std::string conditionFor(const std::string& table) { return "tabla = '" + table + "'"; }
 
-std::string momentText(Clock& clock) { return formatValue(clock.now(), "dd\\-mm\\-yyyy hh\\:nn\\:ss"); }
+std::string momentText(Clock& clock) { return formatValue(clock.now(), R"(dd\-mm\-yyyy hh\:nn\:ss)"); }
 
 enum class Known { No, Yes, UnderWay };
 

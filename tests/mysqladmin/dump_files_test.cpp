@@ -47,6 +47,11 @@ TEST(DumpFiles, ComeBackThroughEveryFormat) {
     put(path, "");
     EXPECT_EQ(get(path, 10), "");
   }
+}
+
+TEST(DumpFiles, AreCompressedAsTheirNamesSay) {
+  const test::ScratchFolder folder;
+  const std::string text = longText();
   put(folder.path("a.gz"), text);
   EXPECT_EQ(test::contentsOf(folder.path("a.gz")).substr(0, 2), "\x1F\x8B");
   EXPECT_LT(std::filesystem::file_size(folder.path("a.gz")), text.size() / 2);
