@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "qvn/barcode/ean.h"
+#include "qvn/barcode/library_pictures.h"
 #include "qvn/core/access_database.h"
 #include "qvn/core/consecutive.h"
 #include "qvn/core/date_literal.h"
@@ -403,6 +404,19 @@ void LumLibreria::SalvaHistCamb(std::string_view Articulo, double precio1, doubl
                         Ambiente, clock_);
 }
 
+barcode::PicturePtr LumLibreria::Barcode128(std::int16_t zBarH, std::string_view BarText, bool HasCaption) const {
+  return barcode::Barcode128(zBarH, BarText, HasCaption, *dialogs_);
+}
+barcode::PicturePtr LumLibreria::Barcode3de9(std::int16_t zBarH, std::string_view BarText, bool zWithCheckSum,
+                                             bool HasCaption) const {
+  return barcode::Barcode3de9(zBarH, BarText, zWithCheckSum, HasCaption, *dialogs_);
+}
+barcode::PicturePtr LumLibreria::BarcodeEAN13(std::int16_t zBarH, std::string_view BarText, bool HasCaption) const {
+  return barcode::BarcodeEAN13(zBarH, BarText, HasCaption, *dialogs_);
+}
+barcode::PicturePtr LumLibreria::BarcodeEAN8(std::int16_t zBarH, std::string_view BarText, bool HasCaption) const {
+  return barcode::BarcodeEAN8(zBarH, BarText, HasCaption, *dialogs_);
+}
 std::int16_t LumLibreria::getEAN13ChekDigit(std::string_view text) const { return barcode::getEAN13ChekDigit(text); }
 std::int16_t LumLibreria::getBarcodeData(const Variant& /*data*/) const { return 0; }
 

@@ -18,6 +18,7 @@
 #include <string_view>
 #include <vector>
 
+#include "qvn/barcode/picture.h"
 #include "qvn/base/clock.h"
 #include "qvn/base/date.h"
 #include "qvn/base/random.h"
@@ -267,8 +268,14 @@ class LumLibreria {
                      double precio4 = 0, double precio5 = 0, double precio6 = 0, double precio7 = 0, double precio8 = 0,
                      double precio9 = 0, double precio10 = 0, const host::AmbientePtr& Ambiente = nullptr) const;
 
-  // Barcodes: qvn/barcode/ean.h
+  // Barcodes: qvn/barcode/library_pictures.h and ean.h
 
+  /// The pictures come from the adapter that the host links (qvn::barcode_cairo).
+  barcode::PicturePtr Barcode128(std::int16_t zBarH, std::string_view BarText, bool HasCaption) const;
+  barcode::PicturePtr Barcode3de9(std::int16_t zBarH, std::string_view BarText, bool zWithCheckSum,
+                                  bool HasCaption) const;
+  barcode::PicturePtr BarcodeEAN13(std::int16_t zBarH, std::string_view BarText, bool HasCaption) const;
+  barcode::PicturePtr BarcodeEAN8(std::int16_t zBarH, std::string_view BarText, bool HasCaption) const;
   std::int16_t getEAN13ChekDigit(std::string_view text) const;
   /// Always 0.
   std::int16_t getBarcodeData(const Variant& data) const;

@@ -7,11 +7,11 @@ namespace qvn::cli {
 namespace {
 
 constexpr auto kCommands = std::to_array<const Command*>({
-    &kDemoCommand,       &kSaldoCommand,   &kSaldoProveedorCommand, &kPorAplicarCommand, &kRecalculaCommand,
-    &kSurtirCommand,     &kRecibirCommand, &kLotesCommand,          &kPreciosCommand,    &kConsecutivoCommand,
-    &kSqlCommand,        &kFilaCommand,    &kConexionCommand,       &kFormatoCommand,    &kLetraCommand,
-    &kCalendarioCommand, &kCifraCommand,   &kDescifraCommand,       &kEjecutaCommand,    &kMensajeCommand,
-    &kPreguntaCommand,   &kEntradaCommand, &kBitacoraCommand,
+    &kDemoCommand,       &kSaldoCommand,    &kSaldoProveedorCommand, &kPorAplicarCommand, &kRecalculaCommand,
+    &kSurtirCommand,     &kRecibirCommand,  &kLotesCommand,          &kPreciosCommand,    &kConsecutivoCommand,
+    &kSqlCommand,        &kFilaCommand,     &kConexionCommand,       &kFormatoCommand,    &kLetraCommand,
+    &kCalendarioCommand, &kBarrasCommand,   &kCifraCommand,          &kDescifraCommand,   &kEjecutaCommand,
+    &kMensajeCommand,    &kPreguntaCommand, &kEntradaCommand,        &kBitacoraCommand,
 });
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 
-#include "qvn/barcode/code128.h"
 #include "qvn/barcode/code39.h"
 #include "qvn/barcode/ean.h"
 
@@ -82,7 +81,7 @@ void odenBarcode::Code128(Canvas& zObj, std::int16_t zBarH, std::string_view Bar
   setHeight(zObj, barHeight, BarText, HasCaption);
   zObj.Width(((estimatedSymbols(BarText) + 3) * 11 + 25) * zObj.twipsPerPixelX());
   ModuleDrawer drawer(zObj, 1, barHeight);
-  encodeCode128(BarText, TrailingDigits::FourOrMore, drawer);
+  encodeCode128(BarText, trailing_, drawer);
   if (HasCaption) {
     printCentred(zObj, drawer.x(), barHeight, BarText);
   }

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "qvn/barcode/canvas.h"
+#include "qvn/barcode/code128.h"
 #include "qvn/host/message_box.h"
 
 namespace qvn::barcode {
@@ -17,8 +18,9 @@ namespace qvn::barcode {
 /// cleared. All methods throw RuntimeError 6 for captions of more than 32,767 characters that they would draw.
 class odenBarcode {  // NOLINT(readability-identifier-naming): its documented name
  public:
-  /// `messages` must outlive the object.
-  explicit odenBarcode(host::MessageBox& messages) : messages_(messages) {}
+  /// `messages` must outlive the object. `trailing` is for Code 128 labels that must carry the whole caption.
+  explicit odenBarcode(host::MessageBox& messages, TrailingDigits trailing = TrailingDigits::FourOrMore)
+      : messages_(messages), trailing_(trailing) {}
 
   /// Leaves out one to three digits at the caption's end, though the text under the bars shows them.
   /// @throws RuntimeError  9 for a character outside set B, after the symbols before it were drawn
@@ -31,6 +33,7 @@ class odenBarcode {  // NOLINT(readability-identifier-naming): its documented na
 
  private:
   host::MessageBox& messages_;
+  TrailingDigits trailing_;
 };
 
 }  // namespace qvn::barcode

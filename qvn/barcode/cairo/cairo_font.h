@@ -1,0 +1,39 @@
+// The font of captions, measured and painted by Cairo.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "qvn/barcode/cairo/handles.h"
+#include "qvn/barcode/drawing_canvas.h"
+#include "qvn/barcode/raster.h"
+
+namespace qvn::barcode {
+
+/// A plain sans-serif that every Debian has. At 10 pixels its digits are 6 wide, and so the six digits of a half fit
+/// between the guards of an EAN symbol.
+struct CaptionFont {
+  std::string family = "DejaVu Sans";
+  double sizePixels = 10;
+};
+
+class CairoFont final : public FontMeasure {
+ public:
+  /// A family that is not installed is replaced by another as the system's settings say.
+  /// @throws RuntimeError  5 for a size outside 1 to 1000 pixels; 480 when Cairo refuses the font
+  explicit CairoFont(const CaptionFont& font);
+
+  [[nodiscard]] double height() const override { return extents_.height; }
+  [[nodiscard]] double width(std::string_view text) const override;
+
+  /// Shows the text in the context's colour, its upper left corner at (x, y).
+  void show(cairo_t* context, const Drawing::Text& text) const;
+  /// Darkens the pixels that the text covers.
+  void paint(Raster& raster, const Drawing::Text& text) const;
+
+ private:
+  CairoScaledFont font_;
+  cairo_font_extents_t extents_{};
+};
+
+}  // namespace qvn::barcode

@@ -1,0 +1,89 @@
+#include "qvn/barcode/png/png_bytes.h"
+
+#include <png.h>
+#include <zlib.h>
+
+#include <algorithm>
+
+#include "qvn/base/runtime_error.h"
+
+namespace qvn::barcode {
+namespace {
+
+constexpr std::int32_t kImageCannotBeMade = 480;
+constexpr png_uint_32 kPixelsPerMetre = 3780;  // 96 dots an inch
+
+[[noreturn]] void fail(png_structp /*png*/, png_const_charp words) {
+  throw RuntimeError(kImageCannotBeMade, std::string("No se pudo hacer la imagen PNG: ") + words);
+}
+void ignoreWarning(png_structp /*png*/, png_const_charp /*words*/) {}
+
+void append(png_structp png, png_bytep bytes, std::size_t count) {
+  static_cast<std::string*>(png_get_io_ptr(png))->append(reinterpret_cast<const char*>(bytes), count);
+}
+void flush(png_structp /*png*/) {}
+
+class Writer {
+ public:
+  explicit Writer(std::string& bytes)
+      : png_(png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, fail, ignoreWarning)) {
+    if (png_ != nullptr) {
+      info_ = png_create_info_struct(png_);
+    }
+    if (info_ == nullptr) {
+      png_destroy_write_struct(&png_, &info_);
+      throw RuntimeError(kImageCannotBeMade);
+    }
+    png_set_write_fn(png_, &bytes, append, flush);
+  }
+  ~Writer() { png_destroy_write_struct(&png_, &info_); }
+  Writer(const Writer&) = delete;
+  Writer& operator=(const Writer&) = delete;
+
+  void write(const Raster& raster) {
+    const bool isBlackAndWhite =
+        std::ranges::all_of(raster.pixels, [](std::uint8_t pixel) { return pixel == 0 || pixel == 255; });
+    // Rows repeat: after the filter nearly all bytes are zero, and the plainest compression is as good as any.
+    png_set_compression_level(png_, 1);
+    png_set_compression_strategy(png_, Z_RLE);
+    png_set_compression_mem_level(png_, 4);
+    png_set_compression_window_bits(png_, 9);
+    png_set_filter(png_, 0, PNG_FILTER_UP);
+    png_set_IHDR(png_, info_, static_cast<png_uint_32>(raster.width), static_cast<png_uint_32>(raster.height),
+                 isBlackAndWhite ? 1 : 8, PNG_COLOR_TYPE_GRAY, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
+                 PNG_FILTER_TYPE_DEFAULT);
+    png_set_pHYs(png_, info_, kPixelsPerMetre, kPixelsPerMetre, PNG_RESOLUTION_METER);
+    png_write_info(png_, info_);
+    for (std::size_t y = 0; y < raster.height; ++y) {
+      png_write_row(png_, isBlackAndWhite ? packed(raster.row(y)) : raster.row(y).data());
+    }
+    png_write_end(png_, info_);
+  }
+
+ private:
+  // Eight pixels a byte, the leftmost in its highest bit.
+  png_const_bytep packed(std::span<const std::uint8_t> row) {
+    bits_.assign((row.size() + 7) / 8, 0);
+    for (std::size_t x = 0; x < row.size(); ++x) {
+      bits_[x / 8] = static_cast<png_byte>(bits_[x / 8] | ((row[x] & 0x80) >> (x % 8)));
+    }
+    return bits_.data();
+  }
+
+  png_structp png_ = nullptr;
+  png_infop info_ = nullptr;
+  std::vector<png_byte> bits_;
+};
+
+}  // namespace
+
+std::string pngBytes(const Raster& raster) {
+  if (raster.pixels.empty()) {
+    throw RuntimeError(error_number::kInvalidCall, "La imagen está vacía; revise el texto del código de barras");
+  }
+  std::string bytes;
+  Writer(bytes).write(raster);
+  return bytes;
+}
+
+}  // namespace qvn::barcode
