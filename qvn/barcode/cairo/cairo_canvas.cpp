@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "qvn/barcode/cairo/cairo_font.h"
 #include "qvn/barcode/cairo/vector_bytes.h"
 #include "qvn/barcode/png/png_bytes.h"
 

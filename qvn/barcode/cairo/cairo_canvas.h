@@ -7,7 +7,7 @@
 
 #include <memory>
 
-#include "qvn/barcode/cairo/cairo_font.h"
+#include "qvn/barcode/cairo/caption_font.h"
 #include "qvn/barcode/picture_canvas.h"
 
 namespace qvn::barcode {

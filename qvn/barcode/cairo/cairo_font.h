@@ -1,21 +1,14 @@
 // The font of captions, measured and painted by Cairo.
 #pragma once
 
-#include <string>
 #include <string_view>
 
+#include "qvn/barcode/cairo/caption_font.h"
 #include "qvn/barcode/cairo/handles.h"
 #include "qvn/barcode/drawing_canvas.h"
 #include "qvn/barcode/raster.h"
 
 namespace qvn::barcode {
-
-/// A plain sans-serif that every Debian has. At 10 pixels its digits are 6 wide, and so the six digits of a half fit
-/// between the guards of an EAN symbol.
-struct CaptionFont {
-  std::string family = "DejaVu Sans";
-  double sizePixels = 10;
-};
 
 class CairoFont final : public FontMeasure {
  public:

@@ -8,6 +8,7 @@
 #include <string>
 #include <system_error>
 
+#include "qvn/barcode/cairo/cairo_font.h"
 #include "qvn/barcode/cairo/vector_bytes.h"
 #include "qvn/base/path.h"
 #include "qvn/base/runtime_error.h"
@@ -29,6 +30,7 @@ cairo_status_t writeToFile(void* closure, const unsigned char* data, unsigned in
 struct LabelSheet::File {
   std::string path;
   std::ofstream stream;
+  CairoFont font{CaptionFont{}};
   CairoSurface surface;
   CairoContext context;
 
@@ -41,7 +43,7 @@ struct LabelSheet::File {
 };
 
 LabelSheet::LabelSheet(std::string_view path, const SheetLayout& layout)
-    : file_(std::make_unique<File>()), layout_(layout), font_(CaptionFont{}), x_(layout.margin), y_(layout.margin) {
+    : file_(std::make_unique<File>()), layout_(layout), x_(layout.margin), y_(layout.margin) {
   file_->path = path;
   file_->stream.open(hostPath(path), std::ios::binary | std::ios::trunc);
   file_->require(file_->stream.is_open());
@@ -78,7 +80,7 @@ void LabelSheet::add(const Drawing& label) {
   cairo_save(context);
   cairo_translate(context, x_, y_);
   cairo_scale(context, scale, scale);
-  paintDrawing(context, label, font_);
+  paintDrawing(context, label, file_->font);
   cairo_restore(context);
   x_ += label.width * scale + layout_.gap;
   rowHeight_ = std::max(rowHeight_, label.height * scale);

@@ -8,7 +8,6 @@
 #include <memory>
 #include <string_view>
 
-#include "qvn/barcode/cairo/cairo_font.h"
 #include "qvn/barcode/drawing.h"
 
 namespace qvn::barcode {
@@ -42,7 +41,6 @@ class LabelSheet {
   struct File;
   std::unique_ptr<File> file_;
   SheetLayout layout_;
-  CairoFont font_;
   int pages_ = 1;
   double x_;
   double y_;
