@@ -2,14 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <utility>
 
 #include "qvn/base/runtime_error.h"
 #include "qvn/base/utf8.h"
 
 namespace qvn::barcode {
 namespace {
-
-constexpr int kTilePixels = 4096;  // Cairo's images end at 32,767
 
 CairoScaledFont scaledFont(const CaptionFont& font) {
   if (!(font.sizePixels >= 1 && font.sizePixels <= 1000)) {
@@ -18,7 +18,7 @@ CairoScaledFont scaledFont(const CaptionFont& font) {
   const CairoFace face(
       cairo_toy_font_face_create(font.family.c_str(), CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL));
   const CairoFontOptions options(cairo_font_options_create());
-  cairo_font_options_set_antialias(options.get(), CAIRO_ANTIALIAS_GRAY);
+  cairo_font_options_set_antialias(options.get(), CAIRO_ANTIALIAS_NONE);
   cairo_font_options_set_hint_metrics(options.get(), CAIRO_HINT_METRICS_ON);
   cairo_matrix_t size;
   cairo_matrix_t identity;
@@ -27,30 +27,37 @@ CairoScaledFont scaledFont(const CaptionFont& font) {
   return CairoScaledFont(cairo_scaled_font_create(face.get(), &size, &identity, options.get()));
 }
 
-// One grey column strip of the text, darkened into the raster.
-void blendTile(const Raster& mask, std::size_t left, std::size_t top, Raster& raster) {
-  for (std::size_t y = 0; y < mask.height && top + y < raster.height; ++y) {
-    const auto coverage = mask.row(y);
-    const auto row = raster.row(top + y);
-    for (std::size_t x = 0; x < mask.width && left + x < raster.width; ++x) {
-      row[left + x] = static_cast<std::uint8_t>(row[left + x] * (255 - coverage[x]) / 255);
+}  // namespace
+
+template <typename Visit>
+void CairoFont::visitGlyphs(std::string_view text, Visit visit) const {
+  for (std::size_t at = 0; at < text.size();) {
+    const auto index = static_cast<std::size_t>(static_cast<unsigned char>(text[at])) - kFirstKept;
+    if (index < kKept) {
+      visit(kept_[index]);
+      ++at;
+      continue;
     }
+    const utf8::Decoded decoded = utf8::decode(text, at);
+    std::string character;
+    utf8::append(character, decoded.codePoint);
+    visit(drawnGlyph(character));
+    at += decoded.length;
   }
 }
-
-}  // namespace
 
 CairoFont::CairoFont(const CaptionFont& font) : font_(scaledFont(font)) {
   requireCairo(cairo_scaled_font_status(font_.get()));
   cairo_scaled_font_extents(font_.get(), &extents_);
+  for (std::size_t i = 0; i < kKept; ++i) {
+    kept_[i] = drawnGlyph(std::string(1, static_cast<char>(kFirstKept + static_cast<char>(i))));
+  }
 }
 
 double CairoFont::width(std::string_view text) const {
-  cairo_text_extents_t extents;
-  // A NUL ends the text for Cairo, here as when it is shown.
-  cairo_scaled_font_text_extents(font_.get(), utf8::sanitize(text).c_str(), &extents);
-  requireCairo(cairo_scaled_font_status(font_.get()));
-  return extents.x_advance;
+  double width = 0;
+  visitGlyphs(text, [&](const Glyph& glyph) { width += glyph.advance; });
+  return width;
 }
 
 void CairoFont::show(cairo_t* context, const Drawing::Text& text) const {
@@ -61,28 +68,55 @@ void CairoFont::show(cairo_t* context, const Drawing::Text& text) const {
 }
 
 void CairoFont::paint(Raster& raster, const Drawing::Text& text) const {
-  const double right = std::min(std::ceil(text.x + text.width) + 1, static_cast<double>(raster.width));
-  const double top = std::max(std::floor(text.y), 0.0);
-  const double bottom = std::min(std::ceil(text.y + extents_.height) + 1, static_cast<double>(raster.height));
-  if (top >= bottom) {
-    return;
+  double x = text.x;
+  visitGlyphs(text.text, [&](const Glyph& glyph) {
+    blend(glyph, x, text.y, raster);
+    x += glyph.advance;
+  });
+}
+
+CairoFont::Glyph CairoFont::drawnGlyph(const std::string& character) const {
+  cairo_text_extents_t extents;
+  cairo_scaled_font_text_extents(font_.get(), character.c_str(), &extents);
+  requireCairo(cairo_scaled_font_status(font_.get()));
+  Glyph glyph{.advance = extents.x_advance,
+              .left = static_cast<int>(std::floor(extents.x_bearing)),
+              .top = static_cast<int>(std::floor(extents_.ascent + extents.y_bearing))};
+  const int width = static_cast<int>(std::ceil(extents.x_bearing + extents.width)) - glyph.left;
+  const int height = static_cast<int>(std::ceil(extents_.ascent + extents.y_bearing + extents.height)) - glyph.top;
+  if (width <= 0 || height <= 0) {
+    return glyph;
   }
-  const int height = static_cast<int>(bottom - top);
-  for (double left = std::max(std::floor(text.x) - 1, 0.0); left < right; left += kTilePixels) {
-    const int width = static_cast<int>(std::min<double>(kTilePixels, right - left));
-    const int stride = cairo_format_stride_for_width(CAIRO_FORMAT_A8, width);
-    Raster mask{.width = static_cast<std::size_t>(stride), .height = static_cast<std::size_t>(height), .pixels = {}};
-    mask.pixels.assign(mask.width * mask.height, 0);
-    const CairoSurface surface(
-        cairo_image_surface_create_for_data(mask.pixels.data(), CAIRO_FORMAT_A8, width, height, stride));
-    requireCairo(cairo_surface_status(surface.get()));
-    const CairoContext context(cairo_create(surface.get()));
-    Drawing::Text shifted = text;
-    shifted.x -= left;
-    shifted.y -= top;
-    show(context.get(), shifted);
-    cairo_surface_flush(surface.get());
-    blendTile(mask, static_cast<std::size_t>(left), static_cast<std::size_t>(top), raster);
+  const int stride = cairo_format_stride_for_width(CAIRO_FORMAT_A8, width);
+  glyph.coverage.width = static_cast<std::size_t>(stride);
+  glyph.coverage.height = static_cast<std::size_t>(height);
+  glyph.coverage.pixels.assign(glyph.coverage.width * glyph.coverage.height, 0);
+  const CairoSurface surface(
+      cairo_image_surface_create_for_data(glyph.coverage.pixels.data(), CAIRO_FORMAT_A8, width, height, stride));
+  requireCairo(cairo_surface_status(surface.get()));
+  const CairoContext context(cairo_create(surface.get()));
+  show(context.get(),
+       {.x = static_cast<double>(-glyph.left), .y = static_cast<double>(-glyph.top), .width = 0, .text = character});
+  cairo_surface_flush(surface.get());
+  return glyph;
+}
+
+void CairoFont::blend(const Glyph& glyph, double x, double y, Raster& raster) {
+  const auto left = static_cast<std::int64_t>(std::lround(x)) + glyph.left;
+  const auto top = static_cast<std::int64_t>(std::lround(y)) + glyph.top;
+  const auto cut = [](std::int64_t at, std::size_t count, std::size_t limit) {
+    return std::pair(std::max<std::int64_t>(0, -at),
+                     std::min(static_cast<std::int64_t>(count), static_cast<std::int64_t>(limit) - at));
+  };
+  const auto [firstX, endX] = cut(left, glyph.coverage.width, raster.width);
+  const auto [firstY, endY] = cut(top, glyph.coverage.height, raster.height);
+  for (std::int64_t glyphY = firstY; glyphY < endY; ++glyphY) {
+    const auto coverage = glyph.coverage.row(static_cast<std::size_t>(glyphY));
+    const auto row = raster.row(static_cast<std::size_t>(top + glyphY));
+    for (std::int64_t glyphX = firstX; glyphX < endX; ++glyphX) {
+      std::uint8_t& pixel = row[static_cast<std::size_t>(left + glyphX)];
+      pixel = static_cast<std::uint8_t>(pixel * (255 - coverage[static_cast<std::size_t>(glyphX)]) / 255);
+    }
   }
 }
 

@@ -1,6 +1,9 @@
 // The font of captions, measured and painted by Cairo.
 #pragma once
 
+#include <array>
+#include <cstddef>
+#include <string>
 #include <string_view>
 
 #include "qvn/barcode/cairo/caption_font.h"
@@ -25,8 +28,25 @@ class CairoFont final : public FontMeasure {
   void paint(Raster& raster, const Drawing::Text& text) const;
 
  private:
+  /// One character's coverage, and where it stands from the upper left corner of its place in a text.
+  struct Glyph {
+    double advance = 0;
+    int left = 0;
+    int top = 0;
+    Raster coverage = {};
+  };
+  static constexpr char kFirstKept = ' ';
+  static constexpr std::size_t kKept = 95;  // printable ASCII, which is all that the symbologies print
+
+  [[nodiscard]] Glyph drawnGlyph(const std::string& character) const;
+  static void blend(const Glyph& glyph, double x, double y, Raster& raster);
+  /// Calls `visit` with the glyph of each character.
+  template <typename Visit>
+  void visitGlyphs(std::string_view text, Visit visit) const;
+
   CairoScaledFont font_;
   cairo_font_extents_t extents_{};
+  std::array<Glyph, kKept> kept_;
 };
 
 }  // namespace qvn::barcode

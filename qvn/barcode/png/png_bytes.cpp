@@ -4,6 +4,7 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <cstring>
 
 #include "qvn/base/runtime_error.h"
 
@@ -23,6 +24,21 @@ void append(png_structp png, png_bytep bytes, std::size_t count) {
 }
 void flush(png_structp /*png*/) {}
 
+// Bars make most rows like the one above them.
+bool repeatsRow(const Raster& raster, std::size_t y) {
+  return y > 0 && std::memcmp(raster.row(y).data(), raster.row(y - 1).data(), raster.width) == 0;
+}
+
+bool hasBlackAndWhiteAlone(const Raster& raster) {
+  const auto isEither = [](std::uint8_t pixel) { return pixel == 0 || pixel == 255; };
+  for (std::size_t y = 0; y < raster.height; ++y) {
+    if (!repeatsRow(raster, y) && !std::ranges::all_of(raster.row(y), isEither)) {
+      return false;
+    }
+  }
+  return true;
+}
+
 class Writer {
  public:
   explicit Writer(std::string& bytes)
@@ -41,8 +57,7 @@ class Writer {
   Writer& operator=(const Writer&) = delete;
 
   void write(const Raster& raster) {
-    const bool isBlackAndWhite =
-        std::ranges::all_of(raster.pixels, [](std::uint8_t pixel) { return pixel == 0 || pixel == 255; });
+    const bool isBlackAndWhite = hasBlackAndWhiteAlone(raster);
     // Rows repeat: after the filter nearly all bytes are zero, and the plainest compression is as good as any.
     png_set_compression_level(png_, 1);
     png_set_compression_strategy(png_, Z_RLE);
@@ -55,19 +70,21 @@ class Writer {
     png_set_pHYs(png_, info_, kPixelsPerMetre, kPixelsPerMetre, PNG_RESOLUTION_METER);
     png_write_info(png_, info_);
     for (std::size_t y = 0; y < raster.height; ++y) {
-      png_write_row(png_, isBlackAndWhite ? packed(raster.row(y)) : raster.row(y).data());
+      if (isBlackAndWhite && !repeatsRow(raster, y)) {
+        pack(raster.row(y));
+      }
+      png_write_row(png_, isBlackAndWhite ? bits_.data() : raster.row(y).data());
     }
     png_write_end(png_, info_);
   }
 
  private:
   // Eight pixels a byte, the leftmost in its highest bit.
-  png_const_bytep packed(std::span<const std::uint8_t> row) {
+  void pack(std::span<const std::uint8_t> row) {
     bits_.assign((row.size() + 7) / 8, 0);
     for (std::size_t x = 0; x < row.size(); ++x) {
       bits_[x / 8] = static_cast<png_byte>(bits_[x / 8] | ((row[x] & 0x80) >> (x % 8)));
     }
-    return bits_.data();
   }
 
   png_structp png_ = nullptr;
