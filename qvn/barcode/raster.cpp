@@ -42,7 +42,9 @@ std::vector<std::int32_t> bandEdges(const Drawing& drawing) {
   return edges;
 }
 
-void fillRow(const Drawing& drawing, std::int32_t y, std::span<std::uint8_t> row) {
+/// False when no bar crosses the row.
+bool fillRow(const Drawing& drawing, std::int32_t y, std::span<std::uint8_t> row) {
+  bool isCrossed = false;
   for (const Drawing::Bar& bar : drawing.bars) {
     const Rows rows = rowsOf(bar);
     if (y < rows.first || y >= rows.end) {
@@ -51,7 +53,9 @@ void fillRow(const Drawing& drawing, std::int32_t y, std::span<std::uint8_t> row
     const std::int32_t from = std::clamp(bar.x, 0, drawing.width);
     const std::int32_t end = std::clamp(bar.x + bar.width, from, drawing.width);
     std::fill(row.begin() + from, row.begin() + end, grey(bar.color));
+    isCrossed = true;
   }
+  return isCrossed;
 }
 
 }  // namespace
@@ -71,7 +75,9 @@ Raster rasterOfBars(const Drawing& drawing) {
   for (std::size_t band = 0; band + 1 < edges.size(); ++band) {
     const auto first = static_cast<std::size_t>(edges[band]);
     const std::span<std::uint8_t> model = raster.row(first);
-    fillRow(drawing, edges[band], model);
+    if (!fillRow(drawing, edges[band], model)) {
+      continue;
+    }
     for (std::size_t y = first + 1; y < static_cast<std::size_t>(edges[band + 1]); ++y) {
       std::ranges::copy(model, raster.row(y).begin());
     }
