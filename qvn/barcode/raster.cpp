@@ -37,8 +37,7 @@ std::vector<std::int32_t> bandEdges(const Drawing& drawing) {
     }
   }
   std::ranges::sort(edges);
-  const auto repeated = std::ranges::unique(edges);
-  edges.erase(repeated.begin(), repeated.end());
+  edges.erase(std::unique(edges.begin(), edges.end()), edges.end());
   return edges;
 }
 
