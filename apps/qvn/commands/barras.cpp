@@ -45,7 +45,7 @@ constexpr std::string_view kExamples = R"(
 )";
 
 constexpr Option kOutputOption{"salida", 'o', "ARCHIVO", "imagen .png, .svg o .pdf que se escribe"};
-constexpr Option kListOption{"lista", 'l', "ARCHIVO", "un texto en cada renglón; con --salida hace una hoja en PDF"};
+constexpr Option kListOption{"lista", 'l', "ARCHIVO", "un texto en cada renglón, para una hoja en PDF"};
 constexpr Option kHeightOption{"alto", 'a', "DECENAS", "alto de las barras, en decenas de pixeles; 5 si falta"};
 constexpr Option kNoTextOption{"sin-texto", 0, "", "no escribe el texto debajo"};
 constexpr Option kCheckOption{"verificador", 0, "", "code39: agrega el carácter verificador"};
