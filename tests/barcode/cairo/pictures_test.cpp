@@ -88,7 +88,8 @@ std::string inkColumns(const Raster& raster, std::size_t fromRow, std::size_t en
 
 TEST(Pictures, CaptionsStandWhereTheyArePrinted) {
   test::RecordedMessages messages;
-  // The 7 is left out: 1 + 7 * 11 + 13 = 91, centred on 55.5, six characters of about 6 pixels below the bars, which end with row 59
+  // The 7 is left out: 1 + 7 * 11 + 13 = 91, centred on 55.5, six characters of about 6 pixels below the bars, which
+  // end with row 59
   const auto code128 = Barcode128(5, "HHHHH7", true, messages);
   const Drawing& drawing = code128->drawing();
   ASSERT_EQ(drawing.texts.size(), 1U);
