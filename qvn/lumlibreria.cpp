@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "qvn/barcode/cairo/barcode_picture.h"
 #include "qvn/barcode/ean.h"
+#include "qvn/barcode/library_pictures.h"
 #include "qvn/core/access_database.h"
 #include "qvn/core/consecutive.h"
 #include "qvn/core/date_literal.h"
@@ -407,18 +407,17 @@ void LumLibreria::SalvaHistCamb(std::string_view Articulo, double precio1, doubl
 }
 
 barcode::PicturePtr LumLibreria::Barcode128(std::int16_t zBarH, std::string_view BarText, bool HasCaption) const {
-  return barcode::pictureOf({barcode::Symbology::Code128, zBarH, std::string(BarText), HasCaption}, *dialogs_);
+  return barcode::Barcode128(zBarH, BarText, HasCaption, *dialogs_);
 }
 barcode::PicturePtr LumLibreria::Barcode3de9(std::int16_t zBarH, std::string_view BarText, bool zWithCheckSum,
                                              bool HasCaption) const {
-  return barcode::pictureOf({barcode::Symbology::Code39, zBarH, std::string(BarText), HasCaption, zWithCheckSum},
-                            *dialogs_);
+  return barcode::Barcode3de9(zBarH, BarText, zWithCheckSum, HasCaption, *dialogs_);
 }
 barcode::PicturePtr LumLibreria::BarcodeEAN13(std::int16_t zBarH, std::string_view BarText, bool HasCaption) const {
-  return barcode::pictureOf({barcode::Symbology::Ean13, zBarH, std::string(BarText), HasCaption}, *dialogs_);
+  return barcode::BarcodeEAN13(zBarH, BarText, HasCaption, *dialogs_);
 }
 barcode::PicturePtr LumLibreria::BarcodeEAN8(std::int16_t zBarH, std::string_view BarText, bool HasCaption) const {
-  return barcode::pictureOf({barcode::Symbology::Ean8, zBarH, std::string(BarText), HasCaption}, *dialogs_);
+  return barcode::BarcodeEAN8(zBarH, BarText, HasCaption, *dialogs_);
 }
 mysqladmin::BackupReport LumLibreria::DatabaseBackup(std::string_view strFileName, const ConnectionPtr& conn) const {
   return mysqladmin::DatabaseBackup(strFileName, conn, *clock_);

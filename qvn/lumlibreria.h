@@ -277,8 +277,9 @@ class LumLibreria {
   mysqladmin::RestoreReport DatabaseRestore(std::string_view strFileName, const ConnectionPtr& conn) const;
   void ReparaTabla(std::string_view text, const ConnectionPtr& Connection) const;
 
-  // Barcodes: qvn/barcode/oden_barcode.h, picture.h and ean.h
+  // Barcodes: qvn/barcode/library_pictures.h and ean.h
 
+  /// The pictures come from the adapter that the host links (qvn::barcode_cairo).
   barcode::PicturePtr Barcode128(std::int16_t zBarH, std::string_view BarText, bool HasCaption) const;
   barcode::PicturePtr Barcode3de9(std::int16_t zBarH, std::string_view BarText, bool zWithCheckSum,
                                   bool HasCaption) const;

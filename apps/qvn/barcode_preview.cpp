@@ -1,47 +1,57 @@
 #include "apps/qvn/barcode_preview.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+
+#include "apps/qvn/terminal_text.h"
 
 namespace qvn::cli {
 namespace {
 
-constexpr std::size_t kQuietZone = 10;  // modules
-constexpr int kRows = 6;
-constexpr std::string_view kBlackOnWhite = "\033[38;5;16;48;5;231m";
-constexpr std::string_view kOwnColors = "\033[0m";
+constexpr std::size_t kQuietModules = 10;
+constexpr int kBarLines = 6;
+constexpr std::string_view kBlackOnWhite = "\x1b[30;107m";
+constexpr std::string_view kPlain = "\x1b[0m";
+// By left and right module: none, right, left, both.
+constexpr std::array<std::string_view, 4> kBlocks{" ", "▐", "▌", "█"};
 
-// By the left module, then the right one.
-constexpr std::array<std::string_view, 4> kBlocks = {" ", "▐", "▌", "█"};
-
-std::string rowOf(std::string_view modules) {
-  const std::string zone(kQuietZone, '0');
-  std::string wide = zone + std::string(modules) + zone;
-  if (wide.size() % 2 != 0) wide.push_back('0');
-  std::string row;
-  for (std::size_t i = 0; i < wide.size(); i += 2) {
-    row += kBlocks[(wide[i] == '1' ? 2U : 0U) + (wide[i + 1] == '1' ? 1U : 0U)];
+std::string barLine(std::string_view modules, std::size_t columns) {
+  const auto isDark = [&](std::size_t at) {
+    return at >= kQuietModules && at - kQuietModules < modules.size() && modules[at - kQuietModules] == '1';
+  };
+  std::string line;
+  for (std::size_t column = 0; column < columns; ++column) {
+    line += kBlocks[(isDark(2 * column) ? 2U : 0U) + (isDark(2 * column + 1) ? 1U : 0U)];
   }
-  return row;
-}
-
-std::string centred(std::string_view text, std::size_t width) {
-  const std::size_t taken = text.size();
-  if (taken >= width) return std::string(text);
-  const std::size_t before = (width - taken) / 2;
-  return std::string(before, ' ').append(text).append(width - taken - before, ' ');
+  return line;
 }
 
 }  // namespace
 
+std::size_t previewColumns(std::string_view modules) noexcept { return (modules.size() + 2 * kQuietModules + 1) / 2; }
+
 std::string barcodePreview(std::string_view modules, std::string_view caption, bool isColored) {
-  const auto line = [&](const std::string& text) {
-    return isColored ? std::string(kBlackOnWhite).append(text).append(kOwnColors).append("\n") : text + "\n";
-  };
-  const std::string row = rowOf(modules);
+  const std::size_t columns = previewColumns(modules);
   std::string preview;
-  for (int i = 0; i < kRows; ++i) preview += line(row);
-  if (!caption.empty()) preview += line(centred(caption, (modules.size() + 2 * kQuietZone + 1) / 2));
+  const auto addLine = [&](std::string_view line) {
+    if (isColored) {
+      preview.append(kBlackOnWhite).append(line).append(kPlain);
+    } else {
+      preview += line;
+    }
+    preview += "\n";
+  };
+  const std::string bars = barLine(modules, columns);
+  for (int i = 0; i < kBarLines; ++i) {
+    addLine(bars);
+  }
+  if (!caption.empty()) {
+    const std::size_t width = displayWidth(caption);
+    const std::size_t left = width < columns ? (columns - width) / 2 : 0;
+    const std::size_t right = width + left < columns ? columns - width - left : 0;
+    addLine(std::string(left, ' ') + std::string(caption) + std::string(right, ' '));
+  }
   return preview;
 }
 

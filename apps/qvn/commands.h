@@ -27,6 +27,7 @@ extern const Command kConexionCommand;
 extern const Command kFormatoCommand;
 extern const Command kLetraCommand;
 extern const Command kCalendarioCommand;
+extern const Command kBarrasCommand;
 extern const Command kCifraCommand;
 extern const Command kDescifraCommand;
 extern const Command kEjecutaCommand;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -34,6 +35,8 @@ class Output {
   void flush();
   /// True when a person sees what is written, and not a file or a program.
   [[nodiscard]] bool isTerminal() const;
+  /// How wide the terminal is; nothing where there is none or it does not say.
+  [[nodiscard]] std::optional<std::size_t> terminalColumns() const;
 
  private:
   void writeAll(std::string_view bytes);

@@ -1,3 +1,4 @@
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <array>
@@ -36,6 +37,14 @@ void Output::flush() {
 }
 
 bool Output::isTerminal() const { return ::isatty(descriptor_) == 1; }
+
+std::optional<std::size_t> Output::terminalColumns() const {
+  winsize size{};
+  if (::ioctl(descriptor_, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) {
+    return std::nullopt;
+  }
+  return size.ws_col;
+}
 
 void Output::writeAll(std::string_view bytes) {
   while (!bytes.empty()) {

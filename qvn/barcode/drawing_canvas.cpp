@@ -2,42 +2,38 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+
+#include "qvn/base/utf8.h"
 
 namespace qvn::barcode {
-namespace {
-
-std::int32_t pixels(double count) {
-  constexpr double kMost = std::numeric_limits<std::int32_t>::max();
-  return static_cast<std::int32_t>(std::clamp(std::round(count), 0.0, kMost));
-}
-
-// Hosts' colours are blue, green and red from the highest byte down; weights of ITU-R BT.601.
-std::uint8_t grayOf(std::int32_t color) {
-  const int red = color & 0xFF;
-  const int green = color >> 8 & 0xFF;
-  const int blue = color >> 16 & 0xFF;
-  return static_cast<std::uint8_t>((red * 299 + green * 587 + blue * 114 + 500) / 1000);
-}
-
-}  // namespace
 
 void DrawingCanvas::clearPicture() {
-  drawn_ = {};
-  picture_ = {};
+  image_ = {};
+  kept_ = {};
+  drawnEnd_ = 0;
 }
 
-void DrawingCanvas::BackColor(std::int32_t color) { drawn_.background = grayOf(color); }
-void DrawingCanvas::Height(double twips) { drawn_.height = pixels(twips / kTwipsPerPixel); }
-void DrawingCanvas::Width(double twips) { drawn_.width = pixels(twips / kTwipsPerPixel); }
-
 void DrawingCanvas::Line(std::int32_t x, std::int32_t top, std::int32_t bottom, std::int32_t color) {
-  if (top == bottom) return;
-  drawn_.bars.push_back({x, 1, std::min(top, bottom), std::max(top, bottom), grayOf(color)});
+  if (top == bottom || (color == image_.background && x >= drawnEnd_)) {
+    return;
+  }
+  drawnEnd_ = std::max(drawnEnd_, x + 1);
+  if (!image_.bars.empty()) {
+    Drawing::Bar& last = image_.bars.back();
+    if (x == last.x + last.width && top == last.top && bottom == last.bottom && color == last.color) {
+      ++last.width;
+      return;
+    }
+  }
+  image_.bars.push_back({x, 1, top, bottom, color});
 }
 
 void DrawingCanvas::Print(std::string_view text) {
-  drawn_.labels.push_back({x_, y_, measure_.width(text), std::string(text)});
+  image_.texts.push_back({x_, y_, font_.width(text), utf8::sanitize(text)});
+}
+
+std::int32_t DrawingCanvas::pixels(double twips) const {
+  return static_cast<std::int32_t>(std::max(0.0, std::round(twips / twipsPerPixel_)));
 }
 
 }  // namespace qvn::barcode

@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 
-#include "qvn/barcode/code128.h"
 #include "qvn/barcode/code39.h"
 #include "qvn/barcode/ean.h"
 

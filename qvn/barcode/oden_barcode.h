@@ -18,12 +18,11 @@ namespace qvn::barcode {
 /// cleared. All methods throw RuntimeError 6 for captions of more than 32,767 characters that they would draw.
 class odenBarcode {  // NOLINT(readability-identifier-naming): its documented name
  public:
-  /// `messages` must outlive the object. `trailing` may ask for Code 128 symbols of the whole caption.
+  /// `messages` must outlive the object. `trailing` is for Code 128 labels that must carry the whole caption.
   explicit odenBarcode(host::MessageBox& messages, TrailingDigits trailing = TrailingDigits::FourOrMore)
       : messages_(messages), trailing_(trailing) {}
 
-  /// Leaves out one to three digits at the caption's end, unless told otherwise, though the text under the bars shows
-  /// them.
+  /// Leaves out one to three digits at the caption's end, though the text under the bars shows them.
   /// @throws RuntimeError  9 for a character outside set B, after the symbols before it were drawn
   void Code128(Canvas& zObj, std::int16_t zBarH, std::string_view BarText, bool HasCaption) const;
   void Code39(Canvas& zObj, std::int16_t zBarH, std::string_view BarText, bool zWithCheckSum, bool HasCaption) const;

@@ -1,43 +1,37 @@
-// A finished picture: what the methods that draw a barcode of their own give to a host.
+// A finished picture that a host can save, show or take pixels from.
 //
-//   const auto picture = library.BarcodeEAN13(5, "750103131130", true);
+//   const auto picture = library.BarcodeEAN13(5, "400638133393", true);
 //   picture->save("etiqueta.png");
 #pragma once
 
-#include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
-#include <vector>
 
+#include "qvn/barcode/drawing.h"
+#include "qvn/barcode/raster.h"
 #include "qvn/base/variant.h"
 
 namespace qvn::barcode {
 
-/// Rows from the top, each of `width` pixels from the left, 0 black to 255 white.
-struct GrayImage {
-  std::int32_t width = 0;
-  std::int32_t height = 0;
-  std::vector<std::uint8_t> pixels;
-};
+enum class PictureFormat { Png, Svg, Pdf };
+
+/// By the ending of `path`, in either case. Throws RuntimeError 5 for another one.
+PictureFormat pictureFormat(std::string_view path);
 
 class Picture : public Object {
  public:
-  /// True after a caption that could not be drawn.
-  [[nodiscard]] virtual bool isEmpty() const = 0;
-  /// In pixels.
-  [[nodiscard]] virtual std::int32_t width() const = 0;
-  [[nodiscard]] virtual std::int32_t height() const = 0;
+  /// Bars and texts, for who paints them; empty after an invalid caption.
+  [[nodiscard]] virtual const Drawing& drawing() const noexcept = 0;
+  /// The pixels, with the caption. Throws RuntimeError 480 when they do not fit in memory.
+  [[nodiscard]] virtual Raster raster() const = 0;
+  /// The bytes of a file. Throws RuntimeError 5 for an empty picture, 480 for one that is too large.
+  [[nodiscard]] virtual std::string encoded(PictureFormat format) const = 0;
 
-  /// @throws RuntimeError  5 for a picture of more than 32,767 pixels a side or 100 million in all
-  [[nodiscard]] virtual GrayImage image() const = 0;
-
-  /// Writes a file of the kind that its ending names: ".png" of these pixels, ".svg" or ".pdf" of bars and letters
-  /// that any printer draws sharp, 96 pixels an inch. A file that is there is replaced; a failure leaves it as it was.
-  ///
-  /// @throws RuntimeError  5 for an empty picture, for another ending, and as image(); 52, 57, 61, 70 or 76 when the
-  ///                       file cannot be written
-  virtual void save(std::string_view path) const = 0;
+  /// Writes the file in the format of its ending: ".png", ".svg" or ".pdf".
+  /// @throws RuntimeError  5 for another ending or an empty picture, 75 when the file cannot be written
+  void save(std::string_view path) const;
 };
-using PicturePtr = std::shared_ptr<const Picture>;
+using PicturePtr = std::shared_ptr<Picture>;
 
 }  // namespace qvn::barcode

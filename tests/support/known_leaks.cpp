@@ -1,10 +1,11 @@
 // What the engine's libraries keep until the process ends and the leak sanitizer cannot see them use any more: the big
-// numbers of the log-in protocol, the tables of the Unicode library, the converters of file names and, under the name
-// of the library that allocates them, conditions and refused statements of the reader of Access files.
+// numbers of the log-in protocol, the tables of the Unicode library, the converters of file names, the settings of
+// fonts and, under the name of the library that allocates them, conditions and refused statements of the reader of
+// Access files.
 extern "C" const char* __lsan_default_suppressions();  // NOLINT(bugprone-reserved-identifier): the sanitizer's name
 
 extern "C" const char* __lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier): as above
-  return "leak:libtommath\nleak:libicuuc\nleak:gconv\nleak:libglib-2.0\n";
+  return "leak:libtommath\nleak:libicuuc\nleak:gconv\nleak:libglib-2.0\nleak:libfontconfig\n";
 }
 
 // The program's standard error is compared whole.

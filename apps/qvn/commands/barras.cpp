@@ -1,192 +1,162 @@
-// qvn barras: barcodes as files, sheets of labels, module strings or in the terminal.
+// qvn barras: barcodes as pictures, module strings, sheets of labels and previews.
+#include <algorithm>
 #include <array>
-#include <limits>
-#include <optional>
-#include <vector>
+#include <fstream>
+#include <iterator>
+#include <string>
 
+#include "apps/qvn/barcode_labels.h"
 #include "apps/qvn/barcode_preview.h"
 #include "apps/qvn/commands.h"
 #include "apps/qvn/key_operands.h"
-#include "apps/qvn/progress_bar.h"
-#include "qvn/barcode/cairo/barcode_picture.h"
-#include "qvn/barcode/cairo/label_sheet.h"
-#include "qvn/barcode/cairo/picture_file.h"
+#include "apps/qvn/terminal_text.h"
+#include "qvn/base/path.h"
 #include "qvn/base/runtime_error.h"
 
 namespace qvn::cli {
 namespace {
 
-using barcode::Symbol;
 using barcode::Symbology;
 
 constexpr std::string_view kDescription = R"(
-Dibuja TEXTO como código de barras code128, code39, ean13 (12 dígitos) o ean8
-(7 dígitos); el dígito verificador de los EAN se calcula. Con --salida escribe
-un archivo .png, .svg o .pdf; sin ella lo muestra en la terminal.
+Dibuja TEXTO como código de barras: «code128», «code39», «ean13» (12 cifras) o
+«ean8» (7 cifras); el dígito verificador de EAN se calcula. Con --salida escribe
+una imagen en el formato de su terminación: .png, .svg o .pdf. Sin --salida
+muestra el código en la terminal.
 
-Las imágenes son las del sistema, punto por punto: cada módulo mide un punto,
-Code 128 deja fuera de uno a tres dígitos finales (AB12 lleva solo AB en las
-barras) y el ancho puede cortar un símbolo largo y todo EAN-8. Para imprimir,
-pida además --completo, --ensancha y --ancho-modulo 2 o más.
+Los dibujos son los de Barcode128, Barcode3de9, BarcodeEAN13 y BarcodeEAN8, con
+módulos de un pixel y un texto de 10 pixeles. Code 128 deja fuera de las barras
+de una a tres cifras al final del texto, aunque las escribe debajo, y la imagen
+de EAN-8 corta la última barra: son los de siempre. --completo, --ensancha y
+--ancho-modulo los cambian, para etiquetas que se van a imprimir y leer.
 
-Con --lista toma un texto de cada renglón de un archivo, o de la entrada
-estándar si es «-», y hace un PDF con hojas de etiquetas. Un renglón que no se
-puede dibujar se avisa con su número y se omite; el estado es entonces 1.
+Con --lista hace una hoja de etiquetas en PDF, con una por cada renglón del
+archivo («-» es la entrada estándar). Un renglón que no se puede dibujar se
+avisa con su número, se omite y el comando termina con 1.
 )";
 
 constexpr std::string_view kExamples = R"(
-  qvn barras ean13 750103131130 -o etiqueta.png
-  qvn barras code128 ALM-00017 --completo --ensancha --ancho-modulo 2 -o a.svg
-  qvn barras code39 PLU-17 --verificador --modulos
-      escribe 1 por cada módulo oscuro y 0 por cada claro
-  qvn barras code128 --lista claves.txt -o etiquetas.pdf --columnas 4
+  qvn barras ean13 400638133393
+      el código en la terminal, con su dígito verificador 1
+  qvn barras code128 AB1234 --ancho-modulo 2 --ensancha --salida etiqueta.png
+      una etiqueta para imprimir
+  qvn barras code39 --lista articulos.txt --salida etiquetas.pdf
+      una hoja de etiquetas
 )";
 
-constexpr Option kHeightOption{"alto", 'a', "NUMERO", "alto de las barras en decenas de puntos (5)"};
-constexpr Option kNoCaptionOption{"sin-texto", 0, "", "sin el texto debajo de las barras"};
-constexpr Option kCheckOption{"verificador", 0, "", "con el carácter verificador; solo code39"};
-constexpr Option kOutputOption{"salida", 'o', "ARCHIVO", "archivo .png, .svg o .pdf"};
-constexpr Option kReplaceOption{"reemplaza", 0, "", "escribe aunque el archivo exista"};
-constexpr Option kModuleWidthOption{"ancho-modulo", 0, "PUNTOS", "ancho de cada módulo (1)"};
-constexpr Option kWholeOption{"completo", 0, "", "code128 con todo el texto, también sus dígitos finales"};
-constexpr Option kWidenOption{"ensancha", 0, "", "una imagen tan ancha como el símbolo"};
-constexpr Option kModulesOption{"modulos", 0, "", "escribe los módulos en vez de dibujarlos"};
-constexpr Option kListOption{"lista", 0, "ARCHIVO", "un texto por renglón, para hojas de etiquetas en PDF"};
-constexpr Option kColumnsOption{"columnas", 0, "NUMERO", "etiquetas a lo ancho de la hoja (3)"};
-constexpr Option kRowsOption{"renglones", 0, "NUMERO", "etiquetas a lo alto de la hoja (10)"};
-constexpr auto kOptions = std::to_array<Option>({kHeightOption, kNoCaptionOption, kCheckOption, kOutputOption,
-                                                 kReplaceOption, kModuleWidthOption, kWholeOption, kWidenOption,
-                                                 kModulesOption, kListOption, kColumnsOption, kRowsOption});
+constexpr Option kOutputOption{"salida", 'o', "ARCHIVO", "imagen .png, .svg o .pdf que se escribe"};
+constexpr Option kListOption{"lista", 'l', "ARCHIVO", "un texto en cada renglón, para una hoja en PDF"};
+constexpr Option kHeightOption{"alto", 'a', "DECENAS", "alto de las barras, en decenas de pixeles; 5 si falta"};
+constexpr Option kNoTextOption{"sin-texto", 0, "", "no escribe el texto debajo"};
+constexpr Option kCheckOption{"verificador", 0, "", "code39: agrega el carácter verificador"};
+constexpr Option kModuleWidthOption{"ancho-modulo", 0, "PIXELES", "ancho de cada módulo, de 1 a 100; 1 si falta"};
+constexpr Option kWidenOption{"ensancha", 0, "", "ensancha la imagen hasta que nada se corta"};
+constexpr Option kWholeOption{"completo", 0, "", "code128: codifica también las últimas cifras"};
+constexpr Option kModulesOption{"modulos", 0, "", "escribe los módulos: 1 oscuro, 0 claro"};
+constexpr auto kOptions = std::to_array<Option>({kOutputOption, kListOption, kHeightOption, kNoTextOption, kCheckOption,
+                                                 kModuleWidthOption, kWidenOption, kWholeOption, kModulesOption});
 
-// The library tells of a caption in a message box; here it ends the drawing.
-class Refusal final : public host::MessageBox {
- public:
-  void show(std::string_view text, std::int32_t /*style*/, std::string_view title) override {
-    throw RuntimeError(error_number::kInvalidCall, std::string(title).append(": ").append(text));
-  }
+struct SymbologyName {
+  std::string_view name;
+  Symbology symbology;
 };
+constexpr auto kSymbologies = std::to_array<SymbologyName>({{"code128", Symbology::Code128},
+                                                            {"code39", Symbology::Code39},
+                                                            {"ean13", Symbology::Ean13},
+                                                            {"ean8", Symbology::Ean8}});
 
-std::int32_t numberOption(const Arguments& arguments, const Option& option, std::int32_t usual) {
-  const auto value = arguments.value(option.name);
-  return value ? keyOperand(*value, "un número en --" + std::string(option.name)) : usual;
+Symbology symbologyOperand(const Arguments& arguments) {
+  if (arguments.operands().empty()) {
+    throw UsageError("falta la simbología: code128, code39, ean13 o ean8");
+  }
+  const auto* found = std::ranges::find(kSymbologies, arguments.operands().front(), &SymbologyName::name);
+  if (found == kSymbologies.end()) {
+    throw UsageError("no existe la simbología «" + safeText(arguments.operands().front()) +
+                     "»; hay code128, code39, ean13 y ean8");
+  }
+  return found->symbology;
 }
 
-Symbol symbolOf(const Arguments& arguments) {
-  constexpr std::int32_t kUsualHeight = 5;
-  Symbol symbol;
-  const auto symbology = barcode::symbologyNamed(arguments.operands().front());
-  if (!symbology) {
-    throw UsageError("no hay la simbología «" + std::string(arguments.operands().front()) +
-                     "»; use code128, code39, ean13 o ean8");
+std::int32_t numberOption(const Arguments& arguments, const Option& option, std::int32_t missing, std::int32_t least,
+                          std::int32_t most) {
+  const auto text = arguments.value(option.name);
+  if (!text) {
+    return missing;
   }
-  symbol.symbology = *symbology;
-  const std::int32_t height = numberOption(arguments, kHeightOption, kUsualHeight);
-  if (height < 0 || height > std::numeric_limits<std::int16_t>::max()) {
-    throw UsageError("--alto va de 0 a 32767");
+  const std::string name = "--" + std::string(option.name);
+  const std::int32_t number = keyOperand(*text, "un número en " + name);
+  if (number < least || number > most) {
+    throw UsageError(name + " va de " + std::to_string(least) + " a " + std::to_string(most));
   }
-  symbol.height = static_cast<std::int16_t>(height);
-  symbol.hasCaption = !arguments.has(kNoCaptionOption.name);
-  symbol.hasCheckCharacter = arguments.has(kCheckOption.name);
-  if (symbol.hasCheckCharacter && *symbology != Symbology::Code39) throw UsageError("--verificador es solo de code39");
-  if (arguments.has(kWholeOption.name)) symbol.trailing = barcode::TrailingDigits::All;
-  return symbol;
+  return number;
 }
 
-barcode::PictureStyle styleOf(const Arguments& arguments) {
-  barcode::PictureStyle style;
-  style.moduleWidth = numberOption(arguments, kModuleWidthOption, style.moduleWidth);
-  style.isWidened = arguments.has(kWidenOption.name);
-  return style;
+LabelWishes wishesOf(const Arguments& arguments) {
+  LabelWishes wishes;
+  wishes.symbol.symbology = symbologyOperand(arguments);
+  wishes.symbol.hasCheckCharacter = arguments.has(kCheckOption.name);
+  if (arguments.has(kWholeOption.name)) {
+    wishes.symbol.trailing = barcode::TrailingDigits::All;
+  }
+  // Taller ones are the library's, for hosts that ask for them; nobody types them on purpose.
+  wishes.look.barHeight = static_cast<std::int16_t>(numberOption(arguments, kHeightOption, 5, 0, 1000));
+  wishes.look.hasCaption = !arguments.has(kNoTextOption.name);
+  wishes.fit.moduleWidth = numberOption(arguments, kModuleWidthOption, 1, 1, 100);
+  wishes.fit.isWidened = arguments.has(kWidenOption.name);
+  return wishes;
 }
 
-// Code 128 has no message of its own for what it cannot encode.
-void requireEncodable(const Symbol& symbol) {
-  const auto fault = barcode::faultOf(symbol);
-  if (fault) Refusal().show(fault->message, 0, fault->title);
-  if (symbol.symbology != Symbology::Code128) return;
-  for (const char c : symbol.caption) {
-    if (c >= ' ' && c <= '~') continue;
-    throw RuntimeError(error_number::kSubscriptOutOfRange,
-                       "Code 128 solo lleva letras sin acento, dígitos y signos del teclado inglés");
+std::string listText(std::string_view path) {
+  if (path == "-") {
+    return readStandardInput();
   }
+  std::ifstream file(hostPath(path), std::ios::binary);
+  std::string text{std::istreambuf_iterator<char>(file), {}};
+  if (!file) {
+    throw RuntimeError(error_number::kFileNotFound, "No se pudo leer el archivo «" + std::string(path) + "»");
+  }
+  return text;
 }
 
-std::string outputFile(const Arguments& arguments, Context& context) {
-  const auto path = arguments.value(kOutputOption.name);
-  if (!path) return {};
-  if (!arguments.has(kReplaceOption.name) && context.library.NewFso()->FileExists(*path)) {
-    throw RuntimeError(error_number::kFileExists,
-                       "Ya existe «" + std::string(*path) + "»; dé otro nombre o agregue --reemplaza");
+ExitStatus runList(const Arguments& arguments, Context& context, const LabelWishes& wishes) {
+  const auto output = arguments.value(kOutputOption.name);
+  if (arguments.operands().size() != 1 || arguments.has(kModulesOption.name)) {
+    throw UsageError("con --lista los textos van en el archivo y el resultado es una hoja");
   }
-  return std::string(*path);
+  if (!output || barcode::pictureFormat(*output) != barcode::PictureFormat::Pdf) {
+    throw UsageError("con --lista falta --salida con un archivo que termine en .pdf");
+  }
+  return writeLabelSheet(wishes, listText(*arguments.value(kListOption.name)), *output, context);
 }
 
-std::vector<std::string> linesOf(std::string_view path, Context& context) {
-  std::vector<std::string> lines;
-  std::string text = path == "-" ? readStandardInput() : context.library.NewFso()->OpenTextFile(path)->ReadAll();
-  context.library.Separador("\n", text, lines);
-  for (std::string& line : lines) {
-    if (line.ends_with('\r')) line.pop_back();
+void showPreview(const LabelWishes& wishes, Context& context) {
+  const std::string modules = labelModules(wishes.symbol);
+  const auto columns = context.out.terminalColumns();
+  if (columns && *columns < previewColumns(modules)) {
+    throw RuntimeError(error_number::kInvalidCall, "El código necesita " + std::to_string(previewColumns(modules)) +
+                                                       " columnas y la terminal tiene " + std::to_string(*columns) +
+                                                       "; use --salida");
   }
-  return lines;
-}
-
-ExitStatus drawSheets(const Arguments& arguments, Context& context, Symbol symbol) {
-  const std::string file = outputFile(arguments, context);
-  if (!file.ends_with(".pdf")) throw UsageError("--lista hace un PDF: dé --salida con un nombre que termine en .pdf");
-  const barcode::PictureStyle style = styleOf(arguments);
-  barcode::SheetLayout layout;
-  layout.columns = numberOption(arguments, kColumnsOption, layout.columns);
-  layout.rows = numberOption(arguments, kRowsOption, layout.rows);
-  barcode::LabelSheet sheet(layout);
-  const std::vector<std::string> lines = linesOf(*arguments.value(kListOption.name), context);
-  ProgressBar bar(context.messages, true);
-  Refusal refusal;
-  ExitStatus status = ExitStatus::Done;
-  std::int64_t drawn = 0;
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    bar.show("etiquetas", static_cast<std::int64_t>(i), static_cast<std::int64_t>(lines.size()));
-    if (lines[i].empty()) continue;
-    symbol.caption = lines[i];
-    try {
-      requireEncodable(symbol);
-      sheet.add(*pictureOf(symbol, refusal, style));
-      ++drawn;
-    } catch (const RuntimeError& error) {
-      bar.clear();
-      context.messages << "qvn: renglón " << std::to_string(i + 1) << ": " << error.description() << "\n";
-      status = ExitStatus::Failed;
-    }
-  }
-  bar.clear();
-  if (drawn == 0) throw RuntimeError(error_number::kInvalidCall, "Ningún renglón se pudo dibujar; no se hizo el PDF");
-  const int pages = sheet.pages();
-  barcode::writePictureFile(file, sheet.finish());
-  context.out << std::to_string(drawn) << (drawn == 1 ? " etiqueta en " : " etiquetas en ") << std::to_string(pages)
-              << (pages == 1 ? " hoja: " : " hojas: ") << file << "\n";
-  return status;
+  const std::string caption = wishes.look.hasCaption ? safeText(wishes.symbol.caption) : "";
+  context.out << barcodePreview(modules, caption, context.out.isTerminal());
 }
 
 ExitStatus runBarras(const Arguments& arguments, Context& context) {
-  const bool isList = arguments.has(kListOption.name);
-  if (arguments.operands().size() != (isList ? 1U : 2U)) {
-    throw UsageError(isList ? "con --lista se da solo la simbología" : "se espera una simbología y un texto");
+  LabelWishes wishes = wishesOf(arguments);
+  if (arguments.has(kListOption.name)) {
+    return runList(arguments, context, wishes);
   }
-  Symbol symbol = symbolOf(arguments);
-  if (isList) return drawSheets(arguments, context, std::move(symbol));
-  symbol.caption = arguments.operands()[1];
-  requireEncodable(symbol);
+  if (arguments.operands().size() != 2) {
+    throw UsageError("después de la simbología va un solo texto; entre comillas si lleva blancos");
+  }
+  wishes.symbol.caption = arguments.operands().back();
   if (arguments.has(kModulesOption.name)) {
-    context.out << modulesOf(symbol) << "\n";
-    return ExitStatus::Done;
+    context.out << labelModules(wishes.symbol) << "\n";
+  } else if (const auto output = arguments.value(kOutputOption.name)) {
+    labelPicture(wishes, context)->save(*output);
+  } else {
+    showPreview(wishes, context);
   }
-  const std::string file = outputFile(arguments, context);
-  if (file.empty()) {
-    context.out << barcodePreview(modulesOf(symbol), symbol.hasCaption ? symbol.caption : "", context.out.isTerminal());
-    return ExitStatus::Done;
-  }
-  Refusal refusal;
-  pictureOf(symbol, refusal, styleOf(arguments))->save(file);
   return ExitStatus::Done;
 }
 

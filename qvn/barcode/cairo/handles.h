@@ -1,33 +1,30 @@
-// Owners of Cairo's objects.
+// Owners of Cairo's objects, and its statuses as errors.
 #pragma once
 
-#include <cairo/cairo.h>
+#include <cairo.h>
 
 #include <memory>
 #include <string>
 
-#include "qvn/base/runtime_error.h"
-
 namespace qvn::barcode {
 
-struct CairoRelease {
-  void operator()(cairo_t* context) const noexcept { cairo_destroy(context); }
-  void operator()(cairo_surface_t* surface) const noexcept { cairo_surface_destroy(surface); }
-  void operator()(cairo_scaled_font_t* font) const noexcept { cairo_scaled_font_destroy(font); }
-  void operator()(cairo_font_face_t* face) const noexcept { cairo_font_face_destroy(face); }
-  void operator()(cairo_font_options_t* options) const noexcept { cairo_font_options_destroy(options); }
+template <auto kDestroy>
+struct CairoDestroy {
+  template <typename T>
+  void operator()(T* object) const noexcept {
+    kDestroy(object);
+  }
 };
-using Context = std::unique_ptr<cairo_t, CairoRelease>;
-using Surface = std::unique_ptr<cairo_surface_t, CairoRelease>;
-using ScaledFont = std::unique_ptr<cairo_scaled_font_t, CairoRelease>;
-using FontFace = std::unique_ptr<cairo_font_face_t, CairoRelease>;
-using FontOptions = std::unique_ptr<cairo_font_options_t, CairoRelease>;
+using CairoContext = std::unique_ptr<cairo_t, CairoDestroy<cairo_destroy>>;
+using CairoSurface = std::unique_ptr<cairo_surface_t, CairoDestroy<cairo_surface_destroy>>;
+using CairoFace = std::unique_ptr<cairo_font_face_t, CairoDestroy<cairo_font_face_destroy>>;
+using CairoScaledFont = std::unique_ptr<cairo_scaled_font_t, CairoDestroy<cairo_scaled_font_destroy>>;
+using CairoFontOptions = std::unique_ptr<cairo_font_options_t, CairoDestroy<cairo_font_options_destroy>>;
 
-/// Throws RuntimeError 57 with Cairo's own words when `status` is a failure.
-inline void checkCairo(cairo_status_t status) {
-  if (status == CAIRO_STATUS_SUCCESS) return;
-  throw RuntimeError(error_number::kDeviceError,
-                     std::string("No se pudo dibujar el código de barras: ") + cairo_status_to_string(status));
-}
+/// Throws RuntimeError 480 with Cairo's words unless `status` is success.
+void requireCairo(cairo_status_t status);
+
+/// A function for Cairo's streams that appends to the std::string in `closure`.
+cairo_status_t appendToString(void* closure, const unsigned char* data, unsigned int length) noexcept;
 
 }  // namespace qvn::barcode

@@ -1,77 +1,96 @@
 #include "qvn/barcode/cairo/label_sheet.h"
 
-#include <cairo/cairo-pdf.h>
+#include <cairo-pdf.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <fstream>
+#include <string>
+#include <system_error>
 
-#include "qvn/barcode/cairo/vector_file.h"
+#include "qvn/barcode/cairo/cairo_font.h"
+#include "qvn/barcode/cairo/vector_bytes.h"
+#include "qvn/base/path.h"
+#include "qvn/base/runtime_error.h"
 
 namespace qvn::barcode {
 namespace {
 
-double placeWidth(const SheetLayout& layout) { return (layout.pageWidth - 2 * layout.margin) / layout.columns; }
-double placeHeight(const SheetLayout& layout) { return (layout.pageHeight - 2 * layout.margin) / layout.rows; }
+constexpr std::int32_t kPathAccessError = 75;
 
-const SheetLayout& checked(const SheetLayout& layout) {
-  constexpr double kSmallest = 20;
-  const bool hasRoom = layout.columns > 0 && layout.rows > 0 && layout.margin >= 0 && placeWidth(layout) >= kSmallest &&
-                       placeHeight(layout) >= kSmallest;
-  if (hasRoom) return layout;
-  throw RuntimeError(error_number::kInvalidCall,
-                     "No caben tantas etiquetas en la hoja; pida menos columnas o renglones");
+cairo_status_t writeToFile(void* closure, const unsigned char* data, unsigned int length) noexcept {
+  auto& file = *static_cast<std::ofstream*>(closure);
+  file.write(reinterpret_cast<const char*>(data), length);
+  return file ? CAIRO_STATUS_SUCCESS : CAIRO_STATUS_WRITE_ERROR;
 }
 
 }  // namespace
 
-struct LabelSheet::Document {
-  explicit Document(const SheetLayout& layout)
-      : surface(cairo_pdf_surface_create_for_stream(appendBytes, &file, layout.pageWidth, layout.pageHeight)),
-        context(cairo_create(surface.get())) {
-    checkCairo(cairo_status(context.get()));
-  }
+// Members are released from the last to the first: Cairo writes the end of the file while its surface goes.
+struct LabelSheet::File {
+  std::string path;
+  std::ofstream stream;
+  CairoFont font{CaptionFont{}};
+  CairoSurface surface;
+  CairoContext context;
 
-  std::string file;  // outlives the surface that writes into it
-  Surface surface;
-  Context context;
+  void require(bool isGood) const {
+    if (!isGood) {
+      throw RuntimeError(kPathAccessError,
+                         "No se pudo escribir «" + path + "»: " + std::generic_category().message(errno));
+    }
+  }
 };
 
-LabelSheet::LabelSheet(const SheetLayout& layout)
-    : layout_(checked(layout)), document_(std::make_unique<Document>(layout)) {}
+LabelSheet::LabelSheet(std::string_view path, const SheetLayout& layout)
+    : file_(std::make_unique<File>()), layout_(layout), x_(layout.margin), y_(layout.margin) {
+  file_->path = path;
+  file_->stream.open(hostPath(path), std::ios::binary | std::ios::trunc);
+  file_->require(file_->stream.is_open());
+  file_->surface.reset(
+      cairo_pdf_surface_create_for_stream(writeToFile, &file_->stream, layout.pageWidth, layout.pageHeight));
+  file_->context.reset(cairo_create(file_->surface.get()));
+  requireCairo(cairo_status(file_->context.get()));
+}
 
 LabelSheet::~LabelSheet() = default;
 
-int LabelSheet::pages() const noexcept {
-  const int perPage = layout_.columns * layout_.rows;
-  return (next_ + perPage - 1) / perPage;
+void LabelSheet::placeFor(double width, double height) {
+  if (x_ > layout_.margin && x_ + width > layout_.pageWidth - layout_.margin) {
+    x_ = layout_.margin;
+    y_ += rowHeight_ + layout_.gap;
+    rowHeight_ = 0;
+  }
+  if (y_ > layout_.margin && y_ + height > layout_.pageHeight - layout_.margin) {
+    cairo_show_page(file_->context.get());
+    ++pages_;
+    x_ = y_ = layout_.margin;
+    rowHeight_ = 0;
+  }
 }
 
-void LabelSheet::add(const DrawnPicture& picture) {
-  constexpr double kGap = 4;  // points between two labels, half of it on each side
-  cairo_t* const context = document_->context.get();
-  const int place = next_ % (layout_.columns * layout_.rows);
-  if (place == 0 && next_ > 0) cairo_show_page(context);
-  ++next_;
-  if (picture.isEmpty()) return;
-  const double width = placeWidth(layout_);
-  const double height = placeHeight(layout_);
-  const double scale =
-      std::min({kPointsPerPixel, (width - kGap) / picture.width(), (height - kGap) / picture.height()});
-  const int column = place % layout_.columns;
-  const int row = place / layout_.columns;
+void LabelSheet::add(const Drawing& label) {
+  if (label.isEmpty()) {
+    return;
+  }
+  const double scale = std::min({kPointsPerPixel, (layout_.pageWidth - 2 * layout_.margin) / label.width,
+                                 (layout_.pageHeight - 2 * layout_.margin) / label.height});
+  placeFor(label.width * scale, label.height * scale);
+  cairo_t* const context = file_->context.get();
   cairo_save(context);
-  cairo_translate(context, layout_.margin + column * width + (width - picture.width() * scale) / 2,
-                  layout_.margin + row * height + (height - picture.height() * scale) / 2);
+  cairo_translate(context, x_, y_);
   cairo_scale(context, scale, scale);
-  paint(picture.drawing(), picture.font(), context);
+  paintDrawing(context, label, file_->font);
   cairo_restore(context);
-  checkCairo(cairo_status(context));
+  x_ += label.width * scale + layout_.gap;
+  rowHeight_ = std::max(rowHeight_, label.height * scale);
+  file_->require(cairo_status(context) == CAIRO_STATUS_SUCCESS && file_->stream.good());
 }
 
-std::string LabelSheet::finish() {
-  cairo_show_page(document_->context.get());
-  cairo_surface_finish(document_->surface.get());
-  checkCairo(cairo_surface_status(document_->surface.get()));
-  return std::move(document_->file);
+void LabelSheet::finish() {
+  cairo_surface_finish(file_->surface.get());
+  file_->stream.close();
+  file_->require(cairo_surface_status(file_->surface.get()) == CAIRO_STATUS_SUCCESS && !file_->stream.fail());
 }
 
 }  // namespace qvn::barcode

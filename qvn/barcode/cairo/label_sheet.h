@@ -1,46 +1,50 @@
-// Many labels on the pages of a PDF file, for printing on sheets.
+// A PDF of many labels, laid out from left to right and from the top as words on a page.
 //
-//   LabelSheet sheet({.columns = 3, .rows = 8});
-//   for (const auto& picture : pictures) sheet.add(*picture);
-//   writePictureFile("etiquetas.pdf", sheet.finish());
+//   LabelSheet sheet("etiquetas.pdf", {});
+//   sheet.add(picture->drawing());
+//   sheet.finish();
 #pragma once
 
 #include <memory>
-#include <string>
+#include <string_view>
 
-#include "qvn/barcode/cairo/barcode_picture.h"
+#include "qvn/barcode/drawing.h"
 
 namespace qvn::barcode {
 
+/// Lengths in points of 1/72 inch; the page is letter paper.
 struct SheetLayout {
-  double pageWidth = 612;  ///< points of 1/72 inch; letter paper
+  double pageWidth = 612;
   double pageHeight = 792;
   double margin = 36;
-  int columns = 3;
-  int rows = 10;
+  double gap = 12;  ///< between labels
 };
 
-/// Labels fill rows from the upper left corner on; one that is larger than its place is made smaller.
 class LabelSheet {
  public:
-  /// @throws RuntimeError  5 for a layout without room for a label of 20 points
-  explicit LabelSheet(const SheetLayout& layout);
+  /// @throws RuntimeError  75 when the file cannot be written
+  LabelSheet(std::string_view path, const SheetLayout& layout);
+  ~LabelSheet();
   LabelSheet(const LabelSheet&) = delete;
   LabelSheet& operator=(const LabelSheet&) = delete;
-  ~LabelSheet();
 
-  void add(const DrawnPicture& picture);
-  /// Pages begun so far.
-  [[nodiscard]] int pages() const noexcept;
-  /// The bytes of the file; nothing can be added any more.
-  [[nodiscard]] std::string finish();
+  /// Adds a label of 1/96 inch a pixel; one that is larger than a page is made smaller to fit. An empty drawing adds
+  /// nothing.
+  void add(const Drawing& label);
+  /// Completes the file. Throws RuntimeError 75 when it could not be written; without a call the file has no end.
+  void finish();
+  [[nodiscard]] int pages() const noexcept { return pages_; }
 
  private:
-  struct Document;
+  void placeFor(double width, double height);
 
+  struct File;
+  std::unique_ptr<File> file_;
   SheetLayout layout_;
-  int next_ = 0;  // place of the next label, counted from the first page on
-  std::unique_ptr<Document> document_;
+  int pages_ = 1;
+  double x_;
+  double y_;
+  double rowHeight_ = 0;
 };
 
 }  // namespace qvn::barcode
