@@ -49,6 +49,6 @@ set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS ${CPACK_DEBIAN_WINDOWS_PACKAGE_NAME})
 set(CPACK_COMPONENT_PROGRAM_DESCRIPTION "Point-of-sale functions at the terminal
  Balances, orders, stock, counters, queries and texts of a shop from the
- command line and from scripts. \\"qvn demo\\" shows it at work.")
+ command line and from scripts. \"qvn demo\" shows it at work.")
 
 include(CPack)

@@ -21,8 +21,8 @@ endif()
 # The program itself writes both, from the table of its commands.
 add_custom_command(
   OUTPUT qvn.1 qvn.bash
-  COMMAND qvn --manual >qvn.1
-  COMMAND qvn --completado >qvn.bash
+  COMMAND qvn --manual > qvn.1
+  COMMAND qvn --completado > qvn.bash
   DEPENDS qvn
   VERBATIM
 )
