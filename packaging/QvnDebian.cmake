@@ -13,6 +13,7 @@ install(CODE [[
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME qvn)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "function library of a point-of-sale and back-office system")
 set(CPACK_PACKAGE_VENDOR qvn)
 set(CPACK_PACKAGE_CONTACT "qvn <qvn@localhost>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
@@ -27,28 +28,32 @@ set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY =)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 set(library_package libqvn${QVN_SOVERSION})
+set(windows_package libqvn-qt${QVN_SOVERSION})
+set(same_version "(= ${PROJECT_VERSION})")
+
 set(CPACK_DEBIAN_LIB_PACKAGE_NAME ${library_package})
 set(CPACK_DEBIAN_LIB_PACKAGE_SECTION libs)
-set(CPACK_COMPONENT_LIB_DESCRIPTION "Function library of a point-of-sale and back-office system
- Recordsets over SQLite, MySQL, Firebird and ODBC, balances, orders, stock,
- texts and dialogs that the screens of a shop share.")
-set(CPACK_DEBIAN_WINDOWS_PACKAGE_NAME libqvn-qt${QVN_SOVERSION})
+set(CPACK_DEBIAN_LIB_DESCRIPTION 
+  "Recordsets over SQLite, MySQL, Firebird and ODBC, balances, orders, stock,\ntexts and dialogs that the screens of a shop share.")
+
+set(CPACK_DEBIAN_WINDOWS_PACKAGE_NAME ${windows_package})
 set(CPACK_DEBIAN_WINDOWS_PACKAGE_SECTION libs)
-set(CPACK_COMPONENT_WINDOWS_DESCRIPTION "Windows of the point-of-sale function library
- The messages and questions of libqvn as Qt windows, and qvn-ventana, with
- which scripts ask in a window.")
+set(CPACK_DEBIAN_WINDOWS_PACKAGE_DEPENDS "${library_package} ${same_version}")
+set(CPACK_DEBIAN_WINDOWS_DESCRIPTION 
+  "The messages and questions of libqvn as Qt windows, and qvn-ventana, with\nwhich scripts ask in a window.")
+
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libqvn-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "${library_package} (= ${PROJECT_VERSION})")
-set(CPACK_DEBIAN_DEV_PACKAGE_SUGGESTS "${CPACK_DEBIAN_WINDOWS_PACKAGE_NAME}, cmake, pkg-config")
-set(CPACK_COMPONENT_DEV_DESCRIPTION "Headers of the point-of-sale function library
- What a host is built with: headers, the CMake package qvn and files for
- pkg-config.")
+set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "${library_package} ${same_version}")
+set(CPACK_DEBIAN_DEV_PACKAGE_SUGGESTS "${windows_package}, cmake, pkg-config")
+set(CPACK_DEBIAN_DEV_DESCRIPTION 
+  "What hosts are built with: headers, the CMake package qvn, files for\npkg-config, documents and an example.")
+
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME qvn)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION utils)
-set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS ${CPACK_DEBIAN_WINDOWS_PACKAGE_NAME})
-set(CPACK_COMPONENT_PROGRAM_DESCRIPTION "Point-of-sale functions at the terminal
- Balances, orders, stock, counters, queries and texts of a shop from the
- command line and from scripts. \"qvn demo\" shows it at work.")
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS "${library_package} ${same_version}")
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS ${windows_package})
+set(CPACK_DEBIAN_PROGRAM_DESCRIPTION 
+  "The program: balances, orders, stock, counters, queries and texts of a shop\nfrom the command line and from scripts.")
 
 include(CPack)

@@ -20,13 +20,14 @@ endif()
 
 # The program itself writes both, from the table of its commands.
 add_custom_command(
-  OUTPUT qvn.1 qvn.bash
+  OUTPUT qvn.1.gz qvn.bash
   COMMAND qvn --manual > qvn.1
+  COMMAND gzip -9nf qvn.1
   COMMAND qvn --completado > qvn.bash
   DEPENDS qvn
   VERBATIM
 )
-add_custom_target(qvn_program_texts ALL DEPENDS qvn.1 qvn.bash)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qvn.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
+add_custom_target(qvn_program_texts ALL DEPENDS qvn.1.gz qvn.bash)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qvn.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qvn.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
   RENAME qvn COMPONENT program)
