@@ -33,27 +33,27 @@ set(same_version "(= ${PROJECT_VERSION})")
 
 set(CPACK_DEBIAN_LIB_PACKAGE_NAME ${library_package})
 set(CPACK_DEBIAN_LIB_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_LIB_DESCRIPTION 
+set(CPACK_DEBIAN_LIB_DESCRIPTION
   "Recordsets over SQLite, MySQL, Firebird and ODBC, balances, orders, stock,\ntexts and dialogs that the screens of a shop share.")
 
 set(CPACK_DEBIAN_WINDOWS_PACKAGE_NAME ${windows_package})
 set(CPACK_DEBIAN_WINDOWS_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_WINDOWS_PACKAGE_DEPENDS "${library_package} ${same_version}")
-set(CPACK_DEBIAN_WINDOWS_DESCRIPTION 
+set(CPACK_DEBIAN_WINDOWS_DESCRIPTION
   "The messages and questions of libqvn as Qt windows, and qvn-ventana, with\nwhich scripts ask in a window.")
 
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libqvn-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "${library_package} ${same_version}")
 set(CPACK_DEBIAN_DEV_PACKAGE_SUGGESTS "${windows_package}, cmake, pkg-config")
-set(CPACK_DEBIAN_DEV_DESCRIPTION 
+set(CPACK_DEBIAN_DEV_DESCRIPTION
   "What hosts are built with: headers, the CMake package qvn, files for\npkg-config, documents and an example.")
 
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME qvn)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS "${library_package} ${same_version}")
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS ${windows_package})
-set(CPACK_DEBIAN_PROGRAM_DESCRIPTION 
+set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
   "The program: balances, orders, stock, counters, queries and texts of a shop\nfrom the command line and from scripts.")
 
 include(CPack)
