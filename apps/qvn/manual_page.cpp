@@ -54,9 +54,9 @@ std::string commandSection(const Command& command) {
 }  // namespace
 
 std::string manualPage() {
-  std::string page = ".TH QVN 1 \"\" \"" + escaped(trimmed(versionText())) + "\" \"Órdenes de usuario\"\n";
+  std::string page = R"(.TH QVN 1 "" ")" + escaped(trimmed(versionText())) + R"(" "Órdenes de usuario")";
   page +=
-      ".SH NOMBRE\nqvn \\- funciones de punto de venta y administración, desde la terminal\n"
+      "\n.SH NOMBRE\nqvn \\- funciones de punto de venta y administración, desde la terminal\n"
       ".SH SINOPSIS\n.B qvn\nCOMANDO [opciones] [argumentos]\n";
   page += ".SH CONEXIÓN\n" + asWritten(connectionHelp());
   page += ".SH COMANDOS\n";
