@@ -5,6 +5,7 @@ function(qvn_installed_program name main component)
   qvn_compile_options(${name}-installed)
   target_include_directories(${name}-installed PRIVATE ${PROJECT_SOURCE_DIR})
   target_sources(${name}-installed PRIVATE $<TARGET_OBJECTS:qvn_cli>)
+  qvn_link_like_module(${name}-installed cli cli)
   target_link_libraries(${name}-installed PRIVATE ${ARGN})
   set_target_properties(${name}-installed PROPERTIES
     OUTPUT_NAME ${name} RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/bin
@@ -12,10 +13,9 @@ function(qvn_installed_program name main component)
   install(TARGETS ${name}-installed RUNTIME COMPONENT ${component})
 endfunction()
 
-qvn_installed_program(qvn ${PROJECT_SOURCE_DIR}/apps/qvn/main.cpp program qvn_so_lumlibreria)
+qvn_installed_program(qvn ${PROJECT_SOURCE_DIR}/apps/qvn/main.cpp program)
 if(TARGET qvn_so_qt)
-  qvn_installed_program(qvn-ventana ${PROJECT_SOURCE_DIR}/apps/qvn_ventana/main.cpp windows
-    qvn_so_lumlibreria qvn_so_qt Qt6::Widgets)
+  qvn_installed_program(qvn-ventana ${PROJECT_SOURCE_DIR}/apps/qvn_ventana/main.cpp windows qvn_so_qt Qt6::Widgets)
 endif()
 
 # The program itself writes both, from the table of its commands.
