@@ -24,3 +24,21 @@ function(qvn_module name)
   target_include_directories(qvn_${name} PUBLIC ${PROJECT_SOURCE_DIR})
   qvn_compile_options(qvn_${name})
 endfunction()
+
+# What hosts may include of a module: qvn_public_headers(base clock.h ...), called beside its qvn_module. They are
+# installed. The shared library that holds the module shows the functions of the sources that are named after them
+# (variant.cpp, variant_operators.cpp, clock_posix.cpp) and keeps all others to itself.
+function(qvn_public_headers name)
+  list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ OUTPUT_VARIABLE headers)
+  set_target_properties(qvn_${name} PROPERTIES QVN_PUBLIC_HEADERS "${headers}")
+  list(TRANSFORM ARGN REPLACE "\\.h$" "" OUTPUT_VARIABLE stems)
+  list(JOIN stems "|" stems)
+  get_target_property(sources qvn_${name} SOURCES)
+  foreach(source IN LISTS sources)
+    string(REPLACE .cpp .h header ${source})
+    if(NOT source MATCHES "^(${stems})(_.*)?\\.cpp$" OR EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${header}
+       AND NOT header IN_LIST ARGN)
+      set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS -fvisibility=hidden)
+    endif()
+  endforeach()
+endfunction()

@@ -16,7 +16,6 @@ es mejor lugar para una contraseña. Por ejemplo:
 )";
 
 constexpr std::string_view kExitStatuses = R"(
-Estado de salida:
   0  se hizo lo pedido
   1  la operación falló; el motivo está en la salida de errores
   2  el comando está mal escrito; no se hizo nada
@@ -46,6 +45,10 @@ std::string optionEntry(const Option& option) {
 
 }  // namespace
 
+std::string_view connectionHelp() { return kConnectionHelp; }
+
+std::string_view exitStatuses() { return kExitStatuses; }
+
 std::string versionText() { return "qvn " QVN_VERSION "\n"; }
 
 std::string overviewHelp() {
@@ -60,6 +63,8 @@ std::string overviewHelp() {
   help +=
       "\n"
       "«qvn COMANDO --ayuda» explica cada comando y «qvn --version» dice la versión.\n"
+      "«qvn --manual» escribe la página de manual y «qvn --completado» lo que bash\n"
+      "ofrece con la tecla Tab; al instalar el programa quedan en su lugar.\n"
       "Para empezar: qvn demo\n";
   return help;
 }
@@ -70,7 +75,7 @@ std::string commandHelp(const Command& command) {
   help.append("\n").append(command.description).append("\nOpciones:\n");
   for (const Option& option : command.options) help += optionEntry(option);
   help += optionEntry(kHelpOption);
-  return help.append("\nEjemplos:").append(command.examples).append(kExitStatuses);
+  return help.append("\nEjemplos:").append(command.examples).append("\nEstado de salida:").append(kExitStatuses);
 }
 
 }  // namespace qvn::cli

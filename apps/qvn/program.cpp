@@ -1,11 +1,15 @@
 #include "apps/qvn/program.h"
 
+#include <algorithm>
+#include <array>
 #include <string>
 #include <utility>
 
 #include "apps/qvn/commands.h"
+#include "apps/qvn/completion.h"
 #include "apps/qvn/error_report.h"
 #include "apps/qvn/help.h"
+#include "apps/qvn/manual_page.h"
 #include "apps/qvn/terminal_text.h"
 
 namespace qvn::cli {
@@ -26,15 +30,26 @@ ExitStatus runCommand(const Command& command, std::span<const std::string_view> 
   return command.run(arguments, context);
 }
 
+// What the program says of itself.
+struct OwnText {
+  std::string_view option;
+  std::string (*write)();
+};
+constexpr auto kOwnTexts = std::to_array<OwnText>({
+    {"--ayuda", overviewHelp},
+    {"--help", overviewHelp},
+    {"-h", overviewHelp},
+    {"--version", versionText},
+    {"--manual", manualPage},
+    {"--completado", bashCompletion},
+});
+
 ExitStatus runFirstWord(const Command* command, std::span<const std::string_view> words, Context& context) {
   if (words.empty()) throw UsageError("falta el comando");
   if (command != nullptr) return runCommand(*command, words.subspan(1), context);
-  if (words.front() == "--version") {
-    context.out << versionText();
-    return ExitStatus::Done;
-  }
-  if (words.front() == "--ayuda" || words.front() == "--help" || words.front() == "-h") {
-    context.out << overviewHelp();
+  const auto* own = std::ranges::find(kOwnTexts, words.front(), &OwnText::option);
+  if (own != kOwnTexts.end()) {
+    context.out << own->write();
     return ExitStatus::Done;
   }
   if (words.front().starts_with('-')) throw UsageError("el comando va antes que sus opciones");

@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -41,6 +42,8 @@ struct Peer {
 
 ConnectionPtr open(const std::string& connectionString) {
   auto connection = Connection::create();
+  // A table is filled by one statement, and the machine may have other work.
+  connection->setCommandTimeout(std::chrono::minutes(10));
   connection->Open(connectionString);
   return connection;
 }

@@ -1,14 +1,19 @@
-// The recalculation of a whole ledger beside ActualizaSaldo document by document, on the same rows: a SQLite file, and
-// the MySQL server when the environment names one. Every balance is wrong before each of both, so that each document is
+// The recalculation of a whole ledger beside ActualizaSaldo document by document, on the same rows: a SQLite file and
+// the private MySQL server. Every balance is wrong before each of both, so that each document is
 // written. The peer runs on a sample spread over all documents, and its time is scaled. Memory is the process's peak
 // while the recalculation runs.
+#include <benchmark/benchmark.h>
+
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "bench/support/mysql_peer.h"
+#include "bench/support/peer_report.h"
 #include "qvn/data/drivers/built_in.h"
 #include "qvn/ledger/recalculation.h"
 #include "qvn/ledger/receivables.h"
@@ -70,50 +75,94 @@ void createShop(Connection& connection, int documents) {
   connection.Execute("COMMIT");
 }
 
-void spoilBalances(Connection& connection) { connection.Execute("UPDATE cobranza SET saldo = 1, estado = 'S'"); }
+// A ledger of the size that a benchmark asks for, made anew only when the one before asked for another.
+class Books {
+ public:
+  Books(std::string engine, const std::string& connectionString)
+      : engine_(std::move(engine)), connection_(Connection::create()) {
+    connection_->Open(connectionString);
+  }
+  ~Books() { dropShop(*connection_); }
+  Books(const Books&) = delete;
+  Books& operator=(const Books&) = delete;
 
-double measureOneByOne(const ConnectionPtr& connection, int documents) {
-  const auto ambiente = std::make_shared<qvn::host::SimpleAmbiente>(connection);
-  qvn::host::QueryPtr query;
-  const double seconds = secondsOf([&] {
-    for (int i = 0; i < kSample; ++i) qvn::ledger::ActualizaSaldo(i * (documents / kSample), ambiente, query);
-  });
-  return seconds * documents / kSample;
+  [[nodiscard]] const std::string& engine() const { return engine_; }
+
+  const ConnectionPtr& spoilt(int documents) {
+    if (documents != documents_) createShop(*connection_, documents);
+    documents_ = documents;
+    connection_->Execute("UPDATE cobranza SET saldo = 1, estado = 'S'");
+    return connection_;
+  }
+
+ private:
+  std::string engine_;
+  ConnectionPtr connection_;
+  int documents_ = 0;
+};
+
+void oneByOne(benchmark::State& state, Books& books, int documents) {
+  for (auto _ : state) {
+    const auto ambiente = std::make_shared<qvn::host::SimpleAmbiente>(books.spoilt(documents));
+    qvn::host::QueryPtr query;
+    const double seconds = secondsOf([&] {
+      for (int i = 0; i < kSample; ++i) qvn::ledger::ActualizaSaldo(i * (documents / kSample), ambiente, query);
+    });
+    state.SetIterationTime(seconds * documents / kSample);
+  }
 }
 
-void compare(const char* engine, const ConnectionPtr& connection, int documents) {
-  createShop(*connection, documents);
-  spoilBalances(*connection);
-  const double oneByOne = measureOneByOne(connection, documents);
-  spoilBalances(*connection);
-  forgetPeak();
-  qvn::ledger::RecalculationResult result;
-  const auto recalculate = [&] { result = qvn::ledger::recalculate(qvn::ledger::LedgerSide::Customers, connection); };
-  const double whole = secondsOf(recalculate);
-  const long peak = peakKilobytes();
-  const auto written = result.documents.changed;
-  const double again = secondsOf(recalculate);
-  std::printf("%-8s %9d %9lld %14.2f %12.2f %12.2f %8.1fx %9ld\n", engine, documents, static_cast<long long>(written),
-              oneByOne, whole, again, oneByOne / whole, peak);
-  std::fflush(stdout);
+void whole(benchmark::State& state, Books& books, int documents) {
+  for (auto _ : state) {
+    const ConnectionPtr connection = books.spoilt(documents);
+    forgetPeak();
+    qvn::ledger::RecalculationResult result;
+    const auto recalculate = [&] { result = qvn::ledger::recalculate(qvn::ledger::LedgerSide::Customers, connection); };
+    state.SetIterationTime(secondsOf(recalculate));
+    state.counters["peak_kB"] = static_cast<double>(peakKilobytes());
+    state.counters["written"] = static_cast<double>(result.documents.changed);
+    state.counters["again_s"] = secondsOf(recalculate);
+  }
 }
 
-void compareSizes(const char* engine, const std::string& connectionString) {
-  const ConnectionPtr connection = Connection::create();
-  connection->Open(connectionString);
-  for (const int documents : {10'000, 100'000}) compare(engine, connection, documents);
-  dropShop(*connection);
+void add(Books& books) {
+  for (const int documents : {10'000, 100'000}) {
+    const std::string group = "recalculate_" + books.engine() + "_" + std::to_string(documents);
+    const auto add = [&](const char* who, void (*turn)(benchmark::State&, Books&, int)) {
+      benchmark::RegisterBenchmark(
+          (group + who).c_str(), [turn, &books, documents](benchmark::State& state) { turn(state, books, documents); })
+          ->Unit(benchmark::kMillisecond)
+          ->Iterations(1)
+          ->UseManualTime();
+    };
+    add("/one_by_one", oneByOne);
+    add("/qvn", whole);
+  }
+}
+
+// One turn each, and in order: a ledger takes longer to make than to measure.
+int runInOrder(int argc, char** argv) {
+  std::string once = "--benchmark_repetitions=1";
+  std::string inOrder = "--benchmark_enable_random_interleaving=false";
+  std::vector<char*> arguments{argv[0], once.data(), inOrder.data()};
+  arguments.insert(arguments.end(), argv + 1, argv + argc);
+  return qvn::bench::runBesidePeers(static_cast<int>(arguments.size()), arguments.data());
 }
 
 }  // namespace
 
-int main() {
+int main(int argc, char** argv) {
   qvn::data::registerBuiltInDrivers();
-  std::printf("%-8s %9s %9s %14s %12s %12s %9s %9s\n", "engine", "documents", "written", "one by one, s", "all, s",
-              "again, s", "speed", "peak, kB");
   const std::filesystem::path file = std::filesystem::temp_directory_path() / "qvn_bench_recalculation.db";
   std::filesystem::remove(file);
-  compareSizes("sqlite", "Provider=SQLite;Mode=ReadWriteCreate;Data Source=" + file.string());
+  int status = 0;
+  {
+    Books onSqlite("sqlite", "Provider=SQLite;Mode=ReadWriteCreate;Data Source=" + file.string());
+    Books onMysql("mysql", qvn::bench::mysqlConnectionString());
+    add(onSqlite);
+    add(onMysql);
+    status = runInOrder(argc, argv);
+  }
   std::filesystem::remove(file);
-  if (const char* server = std::getenv("QVN_TEST_MYSQL")) compareSizes("mysql", server);
+  return status;
 }

@@ -1,4 +1,4 @@
-// Files and folders as hosts handle them. In every path "\" is read as "/".
+// Files and folders as hosts handle them. In every path a backslash is read as "/".
 //
 //   FileSystemObject files;
 //   if (!files.FolderExists("respaldo")) files.CreateFolder("respaldo");

@@ -5,6 +5,7 @@
 #include "qvn/data/drivers/mysql/mysql_driver.h"
 #include "qvn/data/drivers/odbc/odbc_driver.h"
 #include "qvn/data/drivers/persist/persist_driver.h"
+#include "qvn/data/drivers/persist/persist_store.h"
 #include "qvn/data/drivers/sqlite/sqlite_driver.h"
 #include "qvn/data/recordset_store.h"
 

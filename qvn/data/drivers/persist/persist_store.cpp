@@ -1,3 +1,5 @@
+#include "qvn/data/drivers/persist/persist_store.h"
+
 #include <string>
 #include <unordered_set>
 
@@ -6,7 +8,6 @@
 #include "qvn/base/utf8.h"
 #include "qvn/data/drivers/persist/handles.h"
 #include "qvn/data/drivers/persist/new_file.h"
-#include "qvn/data/drivers/persist/persist_driver.h"
 #include "qvn/data/drivers/persist/saved_type.h"
 #include "qvn/data/drivers/persist/saved_value.h"
 #include "qvn/data/drivers/persist/xml_names.h"

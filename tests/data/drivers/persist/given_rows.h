@@ -9,6 +9,7 @@
 #include "qvn/data/driver.h"
 #include "qvn/data/driver_registry.h"
 #include "qvn/data/drivers/persist/persist_driver.h"
+#include "qvn/data/drivers/persist/persist_store.h"
 #include "qvn/data/recordset.h"
 
 namespace qvn::test {

@@ -3,6 +3,7 @@
 #include "qvn/data/connection.h"
 #include "qvn/data/driver_registry.h"
 #include "qvn/data/drivers/persist/persist_driver.h"
+#include "qvn/data/drivers/persist/persist_store.h"
 #include "qvn/data/drivers/persist/saved_value.h"
 #include "qvn/data/drivers/sqlite/sqlite_driver.h"
 #include "qvn/data/provider_error.h"
