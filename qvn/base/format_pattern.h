@@ -12,8 +12,9 @@
 namespace qvn {
 
 /// `value` laid out by `pattern`: a named format, a number pattern, a date pattern or a text pattern. The first
-/// placeholder or code that is neither quoted ("de") nor escaped (`\d`) decides which; in a pattern of one kind the signs
-/// of the others are literals, as is everything without a meaning. An empty pattern gives the value's general text.
+/// placeholder or code that is neither quoted ("de") nor escaped (`\d`) decides which; in a pattern of one kind the
+/// signs of the others are literals, as is everything without a meaning. An empty pattern gives the value's general
+/// text.
 ///
 /// - Number: `0 # . , %`, `E+ E- e+ e-` before a placeholder; sections "positive;negative;zero;Null", an empty one
 /// giving
