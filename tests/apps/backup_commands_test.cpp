@@ -6,6 +6,7 @@
 #include "qvn/data/drivers/built_in.h"
 #include "tests/apps/run_program.h"
 #include "tests/support/mysql_server.h"
+#include "tests/support/server_lock.h"
 
 namespace qvn::test {
 namespace {
@@ -51,6 +52,7 @@ class BackupCommands : public testing::Test {
 
   TempFolder folder_;
   data::ConnectionPtr connection_ = open();
+  data::ConnectionPtr lock_ = holdServerLock("tienda_cli");
 };
 
 TEST_F(BackupCommands, AFaithfulBackupIsVerifiedAndRestored) {

@@ -17,6 +17,7 @@
 #include "tests/support/fixed_clock.h"
 #include "tests/support/mysql_server.h"
 #include "tests/support/scratch_folder.h"
+#include "tests/support/server_lock.h"
 
 namespace qvn::test {
 
@@ -36,6 +37,7 @@ class ShopServer : public testing::Test {
  protected:
   ShopServer() {
     data::registerBuiltInDrivers();
+    lock_ = holdServerLock("tienda");
     connection_ = open("qvn_test");
     drop();
     connection_->Execute("CREATE DATABASE tienda CHARACTER SET utf8mb4 COLLATE utf8mb4_general_ci");
@@ -101,6 +103,7 @@ class ShopServer : public testing::Test {
   ScratchFolder folder_;
   std::string file_ = folder_.path("tienda.sql");
   FixedClock clock_{{Date::fromCivil(2026, 3, 7), Date::fromCivil(2026, 3, 8)}};
+  data::ConnectionPtr lock_;
   data::ConnectionPtr connection_;
 };
 
