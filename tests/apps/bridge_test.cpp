@@ -2,21 +2,22 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
-#include "tests/apps/demo_shop.h"
 #include "tests/apps/run_program.h"
 
 namespace qvn::test {
 namespace {
 
 TEST(Bridge, ExampleClientsSettleADocument) {
-  const DemoShop shop;
+  const TempFolder folder;
+  ASSERT_EQ(run({.arguments = {"demo"}, .folder = folder.path()}).status, 0);
+  const std::string shop = (folder.path() / "demo-qvn" / "tienda.db").string();
   for (const auto& [interpreter, file] : {std::pair("python3", "cobranza.py"), std::pair("node", "cobranza.mjs")}) {
     SCOPED_TRACE(file);
-    const Outcome outcome =
-        run({.arguments = {std::string(QVN_EXAMPLES "/puente/") + file, shop.file().string(), QVN_PROGRAM},
-             .environment = {"PYTHONIOENCODING=utf-8"},
-             .program = interpreter});
+    const Outcome outcome = run({.arguments = {std::string(QVN_EXAMPLES "/puente/") + file, shop, QVN_PROGRAM},
+                                 .environment = {"PYTHONIOENCODING=utf-8"},
+                                 .program = interpreter});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
     EXPECT_EQ(outcome.out,
