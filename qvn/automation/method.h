@@ -45,8 +45,6 @@ const Json& argumentOf(const Parameter& parameter, const Json& in);
 /// The error of an argument, with its name before the description.
 [[noreturn]] void rethrowFor(const Parameter& parameter, const RuntimeError& error);
 
-template <typename Class>
-
 template <typename Function>
 struct Signature;
 template <typename R, typename... A>

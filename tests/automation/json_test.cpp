@@ -60,7 +60,7 @@ TEST(Values, ArriveAsTheyWereSent) {
       {R"({"empty":true})", VariantType::Empty, "", ""},
       {R"({"date":"2012-03-07T10:42:07"})", VariantType::Date, nullptr, ""},
       {R"({"date":"2012-03-07"})", VariantType::Date, nullptr, R"({"date":"2012-03-07T00:00:00"})"},
-      {R"({"type":"Currency","value":10.5})", VariantType::Currency, "10.5", R"({"type":"Currency","value":10.5000})"},
+      {R"({"type":"Currency","value":10.5})", VariantType::Currency, "10.5", ""},
       {R"({"type":"Decimal","value":"12345678901234567890.12"})", VariantType::Decimal, "12345678901234567890.12",
        R"({"type":"Decimal","value":12345678901234567890.12})"},
       {R"({"type":"Byte","value":255})", VariantType::Byte, "255", "255"},
@@ -76,7 +76,9 @@ TEST(Values, ArriveAsTheyWereSent) {
     SCOPED_TRACE(row.json);
     const Variant value = toVariant(parseJson(row.json), objects);
     EXPECT_EQ(value.type(), row.type);
-    if (row.text != nullptr) EXPECT_EQ(value.toText(), row.text);
+    if (row.text != nullptr) {
+      EXPECT_EQ(value.toText(), row.text);
+    }
     EXPECT_EQ(toText(toJson(value, objects)), *row.back == '\0' ? row.json : row.back);
   }
   for (const char* null : {"null", R"({"null":true})"}) EXPECT_TRUE(toVariant(parseJson(null), objects).isNull());
@@ -100,7 +102,7 @@ TEST(Values, RefuseWhatTheyCannotBe) {
       {R"({"bytes":"a"})", 13},
       {R"({"bytes":"a=b="})", 13},
       {R"({"object":1})", 91},
-      {"1e999", 6},
+      {"1e999", 5},
       {R"([1,{"object":1}])", 91},
   };
   const ObjectTable objects;
