@@ -1,11 +1,16 @@
 # The programs over the shared libraries, with what people expect beside a program.
 
+# Modules that only the programs hold.
+set(qvn_program_modules cli automation automation_json automation_rapidjson)
+
 function(qvn_installed_program name main component)
   add_executable(${name}-installed ${main})
   qvn_compile_options(${name}-installed)
   target_include_directories(${name}-installed PRIVATE ${PROJECT_SOURCE_DIR})
-  target_sources(${name}-installed PRIVATE $<TARGET_OBJECTS:qvn_cli>)
-  qvn_link_like_module(${name}-installed cli cli)
+  foreach(module IN LISTS qvn_program_modules)
+    target_sources(${name}-installed PRIVATE $<TARGET_OBJECTS:qvn_${module}>)
+    qvn_link_like_module(${name}-installed ${module} "${qvn_program_modules}")
+  endforeach()
   target_link_libraries(${name}-installed PRIVATE ${ARGN})
   set_target_properties(${name}-installed PROPERTIES
     OUTPUT_NAME ${name} RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/bin

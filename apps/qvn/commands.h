@@ -36,6 +36,8 @@ extern const Command kPreguntaCommand;
 extern const Command kEntradaCommand;
 extern const Command kBarrasCommand;
 extern const Command kBitacoraCommand;
+extern const Command kPuenteCommand;
+extern const Command kMetodosCommand;
 
 /// All of them, in the order in which help lists them.
 std::span<const Command* const> allCommands();

@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "apps/qvn/field_text.h"
-#include "apps/qvn/json_text.h"
 #include "apps/qvn/row_writer.h"
+#include "qvn/automation/json.h"
 
 namespace qvn::cli {
 namespace {
@@ -25,7 +25,7 @@ class JsonRows final : public RowWriter {
     std::set<std::string> taken;
     for (std::size_t i = 0; i < rows.FieldCount(); ++i) {
       std::string key(i == 0 ? "{" : ",");
-      appendJsonText(key, *taken.insert(freeName(rows.Fields(i).Name(), taken)).first);
+      automation::appendJsonText(key, *taken.insert(freeName(rows.Fields(i).Name(), taken)).first);
       keys_.push_back(key + ":");
     }
   }
@@ -49,7 +49,7 @@ class JsonRows final : public RowWriter {
         line_.append(value.text);
         break;
       case PortableValue::Kind::Text:
-        appendJsonText(line_, value.text);
+        automation::appendJsonText(line_, value.text);
         break;
     }
   }

@@ -15,6 +15,7 @@ struct ErrorText {
 constexpr auto kErrorTexts = std::to_array<ErrorText>({
     {error_number::kInvalidCall, "Argumento o llamada a procedimiento no válidos"},
     {error_number::kOverflow, "Desbordamiento"},
+    {error_number::kOutOfMemory, "No hay memoria suficiente"},
     {error_number::kSubscriptOutOfRange, "El subíndice está fuera del intervalo"},
     {error_number::kTypeMismatch, "No coinciden los tipos"},
     {error_number::kOutOfStringSpace, "No queda espacio para cadenas"},
@@ -30,6 +31,9 @@ constexpr auto kErrorTexts = std::to_array<ErrorText>({
     {error_number::kPathNotFound, "No se encontró la ruta de acceso"},
     {error_number::kObjectNotSet, "El objeto no está establecido"},
     {error_number::kInvalidUseOfNull, "Uso no válido de Null"},
+    {error_number::kNoSuchMethod, "El objeto no tiene ese método"},
+    {error_number::kNoSuchArgument, "No hay un argumento con ese nombre"},
+    {error_number::kArgumentRequired, "El argumento no es opcional"},
     {error_number::kDuplicateKey, "Esta clave ya está asociada a un elemento de la colección"},
 });
 static_assert(std::ranges::is_sorted(kErrorTexts, std::less{}, &ErrorText::number));

@@ -14,6 +14,7 @@ namespace qvn {
 namespace error_number {
 inline constexpr std::int32_t kInvalidCall = 5;
 inline constexpr std::int32_t kOverflow = 6;
+inline constexpr std::int32_t kOutOfMemory = 7;
 inline constexpr std::int32_t kSubscriptOutOfRange = 9;
 inline constexpr std::int32_t kTypeMismatch = 13;
 inline constexpr std::int32_t kOutOfStringSpace = 14;
@@ -29,6 +30,9 @@ inline constexpr std::int32_t kPermissionDenied = 70;
 inline constexpr std::int32_t kPathNotFound = 76;
 inline constexpr std::int32_t kObjectNotSet = 91;
 inline constexpr std::int32_t kInvalidUseOfNull = 94;
+inline constexpr std::int32_t kNoSuchMethod = 438;
+inline constexpr std::int32_t kNoSuchArgument = 448;
+inline constexpr std::int32_t kArgumentRequired = 449;
 inline constexpr std::int32_t kDuplicateKey = 457;
 }  // namespace error_number
 

@@ -1,0 +1,84 @@
+#include "qvn/automation/method.h"
+#include "qvn/automation/sections.h"
+
+namespace qvn::automation {
+
+std::vector<Section> serviceSections() {
+  return {
+      {"Dialogs",
+       {"qvn/dialogs/ask.h"},
+       {
+           method<&LumLibreria::MyMessage>("MyMessage", "strMensaje"),
+           method<&LumLibreria::Alerta>("Alerta", "strMensaje"),
+           method<&LumLibreria::Question>("Question", "strMensaje", "DefaultButton=1"),
+           method<&LumLibreria::Question2>("Question2", "strMensaje", "DefaultButton=1"),
+           method<&LumLibreria::MyMessage2>("MyMessage2", "strMensaje", "DefaultButton=1"),
+           method<&LumLibreria::MyInputBox>("MyInputBox", "strMensaje"),
+           method<&LumLibreria::MyInputPasswordBox>("MyInputPasswordBox", "strMensaje", "Ambiente"),
+           method<&LumLibreria::MuestraVentanaDeAyuda>("MuestraVentanaDeAyuda", "Forma", "Ambiente"),
+           method<&LumLibreria::TecladoVirtualV2>("TecladoVirtualV2", "strTexto"),
+       }},
+      {"Messages, session values, working date",
+       {"qvn/core/messages.h", "qvn/core/session_values.h", "qvn/core/working_date.h"},
+       {
+           method<&LumLibreria::Mensaje>("Mensaje", "nId", "Ambiente"),
+           method<&LumLibreria::CuadroDeMensajes>("CuadroDeMensajes", "cMensaje", "nTipo"),
+           method<&LumLibreria::SetSessionValue>("SetSessionValue", "Ambiente", "key", "value"),
+           method<&LumLibreria::GetSessionValue>("GetSessionValue", "Ambiente", "key"),
+           method<&LumLibreria::FechaDeTrabajo>("FechaDeTrabajo", "nYear", "Month"),
+           method<&LumLibreria::validaFechaDeTrabajo>("validaFechaDeTrabajo", "dFecha", "Ambiente", "bolMensajes"),
+           method<&LumLibreria::mb>("mb", "Connection"),
+           method<&LumLibreria::Dormir>("Dormir", "nMSegundos"),
+       }},
+      {"Errors",
+       {"qvn/core/error_handler.h", "qvn/core/pending_statements.h"},
+       {
+           method<&LumLibreria::Err_Handler>("Err_Handler", "Ambiente", "ModuleName", "ProcName", "ErrorDesc",
+                                             "errNumber"),
+           method<&LumLibreria::Agregar>("Agregar", "rst"),
+           method<&LumLibreria::flushQueryCollection>("flushQueryCollection", "Query", "host"),
+       }},
+      {"Commands, documents and text files",
+       {"qvn/system/dos_outputs.h", "qvn/system/shell.h", "qvn/system/text_file.h"},
+       {
+           method<&LumLibreria::ShellRun>("ShellRun", "window", "operation", "file", "parameters", "directory",
+                                          "showCommand"),
+           method<&LumLibreria::ShellCommand>("ShellCommand", "command", "windowStyle"),
+           method<&LumLibreria::CommandToFile>("CommandToFile", "commandLine", "fileName"),
+           method<&LumLibreria::Out>("Out", "fileName", "text"),
+           method<&LumLibreria::OutLine>("OutLine", "fileName", "text"),
+           method<&LumLibreria::OutFile>("OutFile", "fileName", "text"),
+       }},
+      {"Environment and network",
+       {"qvn/core/environment.h", "qvn/core/network_link.h"},
+       {
+           method<&LumLibreria::Conectar>("Conectar"),
+           method<&LumLibreria::IsConnected>("IsConnected"),
+           method<&LumLibreria::GetUserNameW>("GetUserNameW"),
+           method<&LumLibreria::OsVersion>("OsVersion"),
+           method<&LumLibreria::IsDevEnv>("IsDevEnv"),
+           method<&LumLibreria::getMyName>("getMyName"),
+           method<&LumLibreria::EmptySys>("EmptySys", "value"),
+       }},
+      {"Factories",
+       {"qvn/lumlibreria.h"},
+       {
+           method<&LumLibreria::NewFso>("NewFso"),
+           method<&LumLibreria::NewQuery>("NewQuery"),
+           method<&LumLibreria::NewCollection>("NewCollection"),
+           method<&LumLibreria::NewSQLite>("NewSQLite"),
+       }},
+      {"Barcodes",
+       {"qvn/barcode/library_pictures.h", "qvn/barcode/ean.h"},
+       {
+           method<&LumLibreria::Barcode128>("Barcode128", "zBarH", "BarText", "HasCaption"),
+           method<&LumLibreria::Barcode3de9>("Barcode3de9", "zBarH", "BarText", "zWithCheckSum", "HasCaption"),
+           method<&LumLibreria::BarcodeEAN13>("BarcodeEAN13", "zBarH", "BarText", "HasCaption"),
+           method<&LumLibreria::BarcodeEAN8>("BarcodeEAN8", "zBarH", "BarText", "HasCaption"),
+           method<&LumLibreria::getEAN13ChekDigit>("getEAN13ChekDigit", "text"),
+           method<&LumLibreria::getBarcodeData>("getBarcodeData", "data"),
+       }},
+  };
+}
+
+}  // namespace qvn::automation

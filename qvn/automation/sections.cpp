@@ -1,0 +1,41 @@
+#include "qvn/automation/sections.h"
+
+#include <iterator>
+#include <unordered_map>
+#include <utility>
+
+namespace qvn::automation {
+namespace {
+
+std::vector<Section> gathered() {
+  std::vector<Section> all;
+  for (auto* part : {databaseSections, textSections, serviceSections, dataObjectSections, hostObjectSections,
+                     serviceObjectSections}) {
+    std::vector<Section> sections = part();
+    std::move(sections.begin(), sections.end(), std::back_inserter(all));
+  }
+  return all;
+}
+
+std::unordered_map<std::string_view, const Method*> byName() {
+  std::unordered_map<std::string_view, const Method*> methods;
+  for (const Section& section : allSections()) {
+    for (const Method& method : section.methods) methods.emplace(method.name, &method);
+  }
+  return methods;
+}
+
+}  // namespace
+
+const std::vector<Section>& allSections() {
+  static const std::vector<Section> sections = gathered();
+  return sections;
+}
+
+const Method* findMethod(std::string_view name) {
+  static const std::unordered_map<std::string_view, const Method*> methods = byName();
+  const auto found = methods.find(name);
+  return found == methods.end() ? nullptr : found->second;
+}
+
+}  // namespace qvn::automation

@@ -1,0 +1,78 @@
+#include "qvn/automation/method.h"
+#include "qvn/automation/sections.h"
+#include "qvn/barcode/oden_barcode.h"
+
+namespace qvn::automation {
+namespace {
+
+using barcode::odenBarcode;
+using barcode::Picture;
+using system::DOSOutputs;
+
+std::shared_ptr<DOSOutputs> newDosOutputs(const Session& session) {
+  auto console = std::make_shared<DOSOutputs>(session.dialogs);
+  // The listener must not keep the object alive that keeps the listener.
+  console->onReceiveOutputs([&session, console = console.get()](std::string_view piece) {
+    Json event = objectEvent("ReceiveOutputs", *console, session);
+    event.add("Outputs", toJson(piece));
+    session.conversation.tell(event);
+  });
+  return console;
+}
+
+std::shared_ptr<CanvasObject> newCanvas() { return std::make_shared<CanvasObject>(barcode::newPictureCanvas()); }
+barcode::PicturePtr pictureOf(CanvasObject& canvas) { return canvas.canvas().picture({}); }
+
+void drawCode128(const Session& session, CanvasObject& canvas, std::int16_t zBarH, std::string_view BarText,
+                 bool HasCaption) {
+  odenBarcode(*session.dialogs).Code128(canvas.canvas(), zBarH, BarText, HasCaption);
+}
+void drawCode39(const Session& session, CanvasObject& canvas, std::int16_t zBarH, std::string_view BarText,
+                bool zWithCheckSum, bool HasCaption) {
+  odenBarcode(*session.dialogs).Code39(canvas.canvas(), zBarH, BarText, zWithCheckSum, HasCaption);
+}
+void drawEan13(const Session& session, CanvasObject& canvas, std::int16_t zBarH, std::string_view BarText,
+               bool HasCaption) {
+  odenBarcode(*session.dialogs).EAN13(canvas.canvas(), zBarH, BarText, HasCaption);
+}
+void drawEan8(const Session& session, CanvasObject& canvas, std::int16_t zBarH, std::string_view BarText,
+              bool HasCaption) {
+  odenBarcode(*session.dialogs).EAN8(canvas.canvas(), zBarH, BarText, HasCaption);
+}
+
+std::int32_t widthOf(Picture& picture) { return picture.drawing().width; }
+std::int32_t heightOf(Picture& picture) { return picture.drawing().height; }
+
+}  // namespace
+
+std::vector<Section> serviceObjectSections() {
+  return {
+      {"Objects: the console runner",
+       {"qvn/system/dos_outputs.h"},
+       {
+           method<&newDosOutputs>("DOSOutputs.New"),
+           method<&DOSOutputs::CommandLine>("DOSOutputs.CommandLine", "this"),
+           method<&DOSOutputs::setCommandLine>("DOSOutputs.SetCommandLine", "this", "CommandLine"),
+           method<&DOSOutputs::Outputs>("DOSOutputs.Outputs", "this"),
+           method<&DOSOutputs::ExecuteCommand>("DOSOutputs.ExecuteCommand", "this", "CommandLine=\"\""),
+           method<&DOSOutputs::ExecuteToFile>("DOSOutputs.ExecuteToFile", "this", "CommandLine", "fileName",
+                                              "strError=\"\""),
+           method<&DOSOutputs::OutLine>("DOSOutputs.OutLine", "this", "fileName", "text"),
+       }},
+      {"Objects: barcodes",
+       {"qvn/barcode/oden_barcode.h", "qvn/barcode/picture.h"},
+       {
+           method<&newCanvas>("Canvas.New"),
+           method<&pictureOf>("Canvas.Picture", "this"),
+           method<&drawCode128>("odenBarcode.Code128", "zObj", "zBarH", "BarText", "HasCaption"),
+           method<&drawCode39>("odenBarcode.Code39", "zObj", "zBarH", "BarText", "zWithCheckSum", "HasCaption"),
+           method<&drawEan13>("odenBarcode.EAN13", "zObj", "zBarH", "BarText", "HasCaption"),
+           method<&drawEan8>("odenBarcode.EAN8", "zObj", "zBarH", "BarText", "HasCaption"),
+           method<&widthOf>("Picture.Width", "this"),
+           method<&heightOf>("Picture.Height", "this"),
+           method<&Picture::save>("Picture.Save", "this", "Path"),
+       }},
+  };
+}
+
+}  // namespace qvn::automation
