@@ -5,6 +5,7 @@
 
 #include "qvn/base/runtime_error.h"
 #include "qvn/devices/qvn_mobile.h"
+#include "tests/devices/pocket.h"
 #include "tests/devices/scripted_device.h"
 #include "tests/support/error_of.h"
 #include "tests/support/scratch_folder.h"
@@ -23,11 +24,8 @@ class WindowsCeTest : public ::testing::Test {
   }
 
   [[nodiscard]] std::string local() const { return folder_.path("local.txt"); }
-  void putLocal(const std::string& bytes) const { std::ofstream(local(), std::ios::binary) << bytes; }
-  [[nodiscard]] std::string localBytes() const {
-    std::ifstream stream(local(), std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-  }
+  void putLocal(const std::string& bytes) const { test::putBytes(local(), bytes); }
+  [[nodiscard]] std::string localBytes() const { return test::bytesOf(local()); }
 
   const test::ScratchFolder folder_;
   test::ScriptedDevice device_;
@@ -36,13 +34,7 @@ class WindowsCeTest : public ::testing::Test {
 using CopyFileFromPocket = WindowsCeTest;
 using CopyFileToPocket = WindowsCeTest;
 
-// Unlike at every place, so that a block in a wrong place shows.
-std::string numbered(std::size_t size) {
-  std::string bytes;
-  for (int i = 0; bytes.size() < size; ++i) bytes += std::to_string(i) + '\0';
-  bytes.resize(size);
-  return bytes;
-}
+using test::numbered;
 
 TEST(Connect, EndsWhatItBeganInVain) {
   struct Row {
