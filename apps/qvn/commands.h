@@ -36,6 +36,7 @@ extern const Command kPreguntaCommand;
 extern const Command kEntradaCommand;
 extern const Command kBarrasCommand;
 extern const Command kBitacoraCommand;
+extern const Command kMovilCommand;
 
 /// All of them, in the order in which help lists them.
 std::span<const Command* const> allCommands();

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <span>
 
 #include "qvn/base/code_page_1252.h"
@@ -117,10 +116,13 @@ bool WindowsCe::DeleteFileFromPocket(std::string_view path) const {
   return !holdsNul(path) && link_.remove(toWide(path));
 }
 
-bool WindowsCe::ExistFileOnPocket(std::string_view path) const {
+bool WindowsCe::ExistFileOnPocket(std::string_view path) const { return sizeOnPocket(path).has_value(); }
+
+std::optional<std::uint64_t> WindowsCe::sizeOnPocket(std::string_view path) const {
   const std::optional<Found> found = holdsNul(path) ? std::nullopt : link_.findFirst(toWide(path));
-  if (found) link_.findClose(found->search);
-  return found.has_value();
+  if (!found) return std::nullopt;
+  link_.findClose(found->search);
+  return found->size;
 }
 
 bool WindowsCe::ceCommand(std::string_view strProcess, std::string_view strParameters) const {

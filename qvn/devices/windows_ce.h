@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -63,6 +64,8 @@ class WindowsCe {
   bool DeleteFileFromPocket(std::string_view path) const;
   /// Whether a file or folder of the device has that name; the last name may hold "*" and "?".
   [[nodiscard]] bool ExistFileOnPocket(std::string_view path) const;
+  /// Bytes of the file that ExistFileOnPocket finds, 0 for a folder; nothing when it finds none.
+  [[nodiscard]] std::optional<std::uint64_t> sizeOnPocket(std::string_view path) const;
 
   /// Starts a program of the device and does not wait for it. Unlike paths, both texts pass through code page 1252:
   /// characters outside of it reach the device as "?".

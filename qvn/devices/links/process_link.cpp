@@ -15,10 +15,15 @@ DeviceLinkPtr& processLink() {
 
 }  // namespace
 
+std::optional<std::string> configuredLibrary() {
+  const char* library = std::getenv("QVN_RAPI");
+  return library == nullptr || *library == '\0' ? std::nullopt : std::optional<std::string>(library);
+}
+
 DeviceLinkPtr deviceLink() {
   DeviceLinkPtr& link = processLink();
-  const char* library = std::getenv("QVN_RAPI");
-  if (!link && library != nullptr && *library != '\0') link = std::make_shared<RapiLink>(library);
+  if (link) return link;
+  if (const auto library = configuredLibrary()) link = std::make_shared<RapiLink>(*library);
   return link;
 }
 

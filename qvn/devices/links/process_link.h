@@ -5,8 +5,11 @@
 
 namespace qvn::devices {
 
-/// What setDeviceLink was given; before, the remote access library that the environment variable QVN_RAPI names, which
-/// is loaded when the first session begins. Null when neither is there.
+/// The remote access library that the environment variable QVN_RAPI names; nothing when it names none.
+std::optional<std::string> configuredLibrary();
+
+/// What setDeviceLink was given; before, a link by the configured library, which is loaded when the first session
+/// begins. Null when neither is there.
 DeviceLinkPtr deviceLink();
 
 /// The link from now on; null leaves the choice to QVN_RAPI again. Objects that have another one keep it.
