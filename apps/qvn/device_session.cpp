@@ -36,14 +36,12 @@ devices::DeviceLinkPtr libraryLink(std::string_view library) {
 
 devices::DeviceLinkPtr linkOf(const Arguments& arguments) {
   const auto folder = arguments.value(kDeviceFolderOption.name);
-  auto library = arguments.value(kDeviceLibraryOption.name);
+  const auto library = arguments.value(kDeviceLibraryOption.name);
   if (folder && library) throw UsageError("--carpeta y --biblioteca no van juntas");
   if (folder) return folderLink(*folder);
-  if (!library) library = devices::configuredLibrary();
-  if (!library) {
-    throw UsageError("diga cuál es el dispositivo: --carpeta, --biblioteca o la variable QVN_RAPI");
-  }
-  return libraryLink(*library);
+  if (library) return libraryLink(*library);
+  if (const auto configured = devices::configuredLibrary()) return libraryLink(*configured);
+  throw UsageError("diga cuál es el dispositivo: --carpeta, --biblioteca o la variable QVN_RAPI");
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 namespace qvn::cli {
 
 inline constexpr Option kDeviceFolderOption{"carpeta", 0, "CARPETA", "el dispositivo es esta carpeta montada"};
-inline constexpr Option kDeviceLibraryOption{"biblioteca", 0, "BIBLIOTECA",
+inline constexpr Option kDeviceLibraryOption{"biblioteca", 0, "LIB",
                                              "biblioteca de acceso remoto (la variable\nQVN_RAPI si falta)"};
 inline constexpr Option kDeviceWaitOption{"espera", 0, "SEGUNDOS",
                                           "cuánto espera a que el dispositivo conteste\n(10 si falta)"};

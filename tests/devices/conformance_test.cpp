@@ -194,7 +194,9 @@ TEST_P(DeviceLinkTest, CopiesThereAndBack) {
   EXPECT_FALSE(ce.IsConnected());
 }
 
-TEST_P(DeviceLinkTest, CopiesAHundredMegabytes) {
+using LargeCopies = DeviceLinkTest;
+
+TEST_P(LargeCopies, CarryAHundredMegabytes) {
   constexpr std::size_t kSize = 100'000'001;
   const std::string bytes = test::numbered(kSize);
   test::putBytes(local_.path("there"), bytes);
@@ -206,11 +208,13 @@ TEST_P(DeviceLinkTest, CopiesAHundredMegabytes) {
   EXPECT_TRUE(test::bytesOf(local_.path("back")) == bytes);
 }
 
-INSTANTIATE_TEST_SUITE_P(Links, DeviceLinkTest,
-                         ::testing::Values(test::DeviceKind{"Scripted", test::newScriptedDevice, true},
-                                           test::DeviceKind{"Folder", test::newFolderDevice, false},
-                                           test::DeviceKind{"Library", test::newLibraryDevice, true}),
-                         [](const auto& tested) { return std::string(tested.param.name); });
+constexpr test::DeviceKind kScripted{"Scripted", test::newScriptedDevice, true};
+constexpr test::DeviceKind kFolder{"Folder", test::newFolderDevice, false};
+constexpr test::DeviceKind kLibrary{"Library", test::newLibraryDevice, true};
+const auto kNameOf = [](const auto& tested) { return std::string(tested.param.name); };
+
+INSTANTIATE_TEST_SUITE_P(Links, DeviceLinkTest, ::testing::Values(kScripted, kFolder, kLibrary), kNameOf);
+INSTANTIATE_TEST_SUITE_P(Links, LargeCopies, ::testing::Values(kFolder, kLibrary), kNameOf);
 
 }  // namespace
 }  // namespace qvn::devices
