@@ -12,7 +12,7 @@ constexpr auto kCommands = std::to_array<const Command*>({
     &kRespaldaCommand, &kRestauraCommand, &kReparaCommand,         &kBarrasCommand,     &kSqlCommand,
     &kFilaCommand,     &kConexionCommand, &kFormatoCommand,        &kLetraCommand,      &kCalendarioCommand,
     &kCifraCommand,    &kDescifraCommand, &kEjecutaCommand,        &kMensajeCommand,    &kPreguntaCommand,
-    &kEntradaCommand,  &kBitacoraCommand, &kPuenteCommand,         &kMetodosCommand,
+    &kEntradaCommand,  &kBitacoraCommand, &kPuenteCommand,         &kMetodosCommand,    &kMovilCommand,
 });
 
 }  // namespace

@@ -38,6 +38,7 @@ extern const Command kBarrasCommand;
 extern const Command kBitacoraCommand;
 extern const Command kPuenteCommand;
 extern const Command kMetodosCommand;
+extern const Command kMovilCommand;
 
 /// All of them, in the order in which help lists them.
 std::span<const Command* const> allCommands();

@@ -1,13 +1,13 @@
 // qvn sql: runs one statement and shows its rows.
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <chrono>
 #include <optional>
 
 #include "apps/qvn/commands.h"
 #include "apps/qvn/connect.h"
 #include "apps/qvn/row_writer.h"
+#include "apps/qvn/seconds_option.h"
 #include "apps/qvn/terminal_text.h"
 
 namespace qvn::cli {
@@ -58,24 +58,12 @@ std::string readStatement(const Arguments& arguments) {
   return statement;
 }
 
-std::optional<std::chrono::seconds> chosenWait(const Arguments& arguments) {
-  const auto text = arguments.value(kWaitOption.name);
-  if (!text) return std::nullopt;
-  std::int32_t seconds = 0;
-  const char* const end = text->data() + text->size();
-  const auto [stop, error] = std::from_chars(text->data(), end, seconds);
-  if (error != std::errc{} || stop != end || seconds < 0) {
-    throw UsageError("«" + safeText(*text) + "» no es un número de segundos");
-  }
-  return std::chrono::seconds(seconds);
-}
-
 std::string rowCount(std::int64_t count) { return std::to_string(count) + (count == 1 ? " registro" : " registros"); }
 
 ExitStatus runSql(const Arguments& arguments, Context& context) {
   const RowFormat& format = rowFormat(arguments.value(kFormatOption.name));
   const bool isTable = &format == &rowFormats().front();
-  const auto wait = chosenWait(arguments);
+  const auto wait = secondsOf(arguments, kWaitOption);
   const std::string statement = readStatement(arguments);
   const data::ConnectionPtr connection = connect(arguments, context);
   if (wait) connection->setCommandTimeout(*wait);
