@@ -11,8 +11,8 @@ constexpr auto kCommands = std::to_array<const Command*>({
     &kSurtirCommand,   &kRecibirCommand,  &kLotesCommand,          &kPreciosCommand,    &kConsecutivoCommand,
     &kRespaldaCommand, &kRestauraCommand, &kReparaCommand,         &kBarrasCommand,     &kSqlCommand,
     &kFilaCommand,     &kConexionCommand, &kFormatoCommand,        &kLetraCommand,      &kCalendarioCommand,
-    &kCifraCommand,    &kDescifraCommand, &kEjecutaCommand,        &kMensajeCommand,    &kPreguntaCommand,
-    &kEntradaCommand,  &kBitacoraCommand,
+    &kCifraCommand,    &kDescifraCommand, &kEjecutaCommand,        &kPingCommand,       &kMensajeCommand,
+    &kPreguntaCommand, &kEntradaCommand,  &kBitacoraCommand,
 });
 
 }  // namespace

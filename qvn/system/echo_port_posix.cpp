@@ -76,15 +76,14 @@ class EchoSocket {
     return 0;
   }
 
-  void waitForMessage(std::chrono::nanoseconds longest) const {
+  /// The status of the request if a message about it is there, or comes while this waits.
+  std::optional<std::uint32_t> receive(const SentEcho& sent, std::chrono::nanoseconds longest) {
     pollfd ready{descriptor_, POLLIN, 0};
     const auto wait = std::min(std::chrono::ceil<std::chrono::milliseconds>(longest), kLongestPoll);
-    poll(&ready, 1, static_cast<int>(wait.count()));
-  }
-
-  /// The status of the request if one of the messages that have come is about it.
-  std::optional<std::uint32_t> receive(const SentEcho& sent) {
-    if (const auto status = receiveError(sent)) return status;
+    if (poll(&ready, 1, static_cast<int>(wait.count())) <= 0) return std::nullopt;
+    if ((ready.revents & POLLERR) != 0) {
+      if (const auto status = receiveError(sent)) return status;
+    }
     return receiveReply(sent) ? std::optional<std::uint32_t>(0) : std::nullopt;
   }
 
@@ -153,8 +152,7 @@ class SystemEcho final : public EchoPort {
     const auto deadline = start + request.timeout;
     for (auto now = Clock::now(); now < deadline; now = Clock::now()) {
       if (request.isAbandoned && request.isAbandoned()) break;
-      socket.waitForMessage(deadline - now);
-      if (const auto status = socket.receive(sent)) {
+      if (const auto status = socket.receive(sent, deadline - now)) {
         return {.reply = EchoReply{*status, std::chrono::floor<std::chrono::microseconds>(Clock::now() - start)}};
       }
     }

@@ -9,7 +9,6 @@
 namespace qvn::system {
 namespace {
 
-constexpr std::size_t kHostCharacters = 64;
 constexpr std::string_view kPayload = "Echo this string of data";
 constexpr std::uint8_t kTimeToLive = 255;
 constexpr std::chrono::seconds kTimeout{10};
@@ -27,7 +26,7 @@ Ping::Ping(std::shared_ptr<EchoPort> echo, std::shared_ptr<HostLookup> hosts)
 
 bool Ping::DoPing(std::string_view HostAddress) {
   std::string host(HostAddress);
-  // "No IP" is read as 255.255.255.255, to which nothing is sent.
+  // The text for no address is read as 255.255.255.255, to which nothing is sent.
   const auto address = std::bit_cast<Ipv4Address>(IP2Long(pingGetHostByName(host)));
   const auto reply =
       echo_->echo({.address = address, .payload = kPayload, .timeToLive = kTimeToLive, .timeout = kTimeout}).reply;
@@ -44,7 +43,7 @@ std::string Ping::pingGetHostByName(std::string& Host) {
   if (characters > kHostCharacters) throw RuntimeError(error_number::kInvalidCall);
   Host.append(kHostCharacters - characters, '\0');
   const auto address = hosts_->addressOf(Host.substr(0, Host.find('\0')));
-  lastIP_ = address ? dotted(*address) : "No IP";
+  lastIP_ = address ? dotted(*address) : std::string(kNoAddress);
   return lastIP_;
 }
 

@@ -6,6 +6,7 @@
 //   const bool isThere = ping.DoPing("caja2");
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -23,6 +24,11 @@ namespace qvn::system {
 /// "Echo this string of data", a time to live of 255, and is waited for 10 seconds.
 class Ping final : public Object {
  public:
+  /// The longest name of a host.
+  static constexpr std::size_t kHostCharacters = 64;
+  /// What stands for the address of a host that has none.
+  static constexpr std::string_view kNoAddress = "No IP";
+
   using OkListener = std::function<void(std::int32_t& poSpeed)>;
   using ErrorListener = std::function<void(std::string_view peErrDescription)>;
 
