@@ -26,8 +26,7 @@ using Clock = std::chrono::steady_clock;
 // How late the end of a wait that is abandoned may be noticed.
 constexpr std::chrono::milliseconds kLongestPoll{100};
 
-struct Option {
-  int level;
+struct IpOption {
   int name;
   int value;
 };
@@ -45,12 +44,10 @@ class EchoSocket {
       return;
     }
     // Errors that routers report are kept in a queue apart; packets may be fragmented, and have no other flag either.
-    const Option options[] = {{IPPROTO_IP, IP_TTL, timeToLive},
-                              {IPPROTO_IP, IP_MULTICAST_TTL, timeToLive},
-                              {IPPROTO_IP, IP_MTU_DISCOVER, IP_PMTUDISC_DONT},
-                              {IPPROTO_IP, IP_RECVERR, 1}};
-    for (const Option& option : options) {
-      setsockopt(descriptor_, option.level, option.name, &option.value, sizeof option.value);
+    const auto options = std::to_array<IpOption>(
+        {{IP_TTL, timeToLive}, {IP_MULTICAST_TTL, timeToLive}, {IP_MTU_DISCOVER, IP_PMTUDISC_DONT}, {IP_RECVERR, 1}});
+    for (const IpOption& option : options) {
+      setsockopt(descriptor_, IPPROTO_IP, option.name, &option.value, sizeof option.value);
     }
     const icmp_filter onlyReplies{~(1U << ICMP_ECHOREPLY)};
     if (isRaw_) setsockopt(descriptor_, SOL_RAW, ICMP_FILTER, &onlyReplies, sizeof onlyReplies);

@@ -59,6 +59,15 @@ TEST(PingCommand, EndsWith1WithoutAReply) {
   });
 }
 
+// Interrupts an endless one, which writes to the file "out", once a reply has been written there; usually in the wait
+// for the second one.
+Outcome interruptedPing(const TempFolder& folder) {
+  constexpr const char* kInterrupt =
+      "\"$0\" ping -n 0 -i 0 127.0.0.1 > out & "
+      "until grep -q respuesta out; do sleep 0.02; done; kill -INT $!; wait $!";
+  return run({.arguments = {"-c", kInterrupt, QVN_PROGRAM}, .folder = folder.path(), .program = "/bin/sh"});
+}
+
 TEST(PingCommand, CtrlCEndsItWithItsStatistics) {
   runInOwnNetwork(EchoSockets::Datagram, [] {
     stopAnsweringEchoes();
@@ -66,14 +75,9 @@ TEST(PingCommand, CtrlCEndsItWithItsStatistics) {
     const EchoResponder onlyTheFirst([&requests](const PacketBytes& request) {
       return ++requests == 1 ? std::vector<Answer>{{replyTo(request)}} : std::vector<Answer>{};
     });
-    // Once a reply has been written, usually in the wait for the second one.
-    constexpr const char* kInterrupt =
-        "\"$0\" ping -n 0 -i 0 127.0.0.1 > out & "
-        "until grep -q respuesta out; do sleep 0.02; done; kill -INT $!; wait $!";
     const TempFolder folder;
     const auto start = Clock::now();
-    const Outcome outcome =
-        run({.arguments = {"-c", kInterrupt, QVN_PROGRAM}, .folder = folder.path(), .program = "/bin/sh"});
+    const Outcome outcome = interruptedPing(folder);
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
     EXPECT_LT(Clock::now() - start, milliseconds(5000));
@@ -88,7 +92,7 @@ TEST(PingCommand, RefusesWhatItDoesNotUnderstand) {
     Words arguments;
     std::string said;
   };
-  const Row rows[] = {
+  const std::vector<Row> rows = {
       {{}, "se espera un solo host"},
       {{"a", "b"}, "se espera un solo host"},
       {{std::string(65, 'x')}, "más de 64 caracteres"},

@@ -72,8 +72,9 @@ void EchoResponder::answer(const Answer& answer) const {
   const int sender = rawSocket();
   const sockaddr_in from = addressOf(answer.from);
   const sockaddr_in to = addressOf({127, 0, 0, 1});
-  bind(sender, reinterpret_cast<const sockaddr*>(&from), sizeof from);
-  sendto(sender, answer.message.data(), answer.message.size(), 0, reinterpret_cast<const sockaddr*>(&to), sizeof to);
+  if (bind(sender, reinterpret_cast<const sockaddr*>(&from), sizeof from) == 0) {
+    sendto(sender, answer.message.data(), answer.message.size(), 0, reinterpret_cast<const sockaddr*>(&to), sizeof to);
+  }
   close(sender);
 }
 
