@@ -11,8 +11,9 @@ constexpr auto kCommands = std::to_array<const Command*>({
     &kSurtirCommand,   &kRecibirCommand,  &kLotesCommand,          &kPreciosCommand,    &kConsecutivoCommand,
     &kRespaldaCommand, &kRestauraCommand, &kReparaCommand,         &kBarrasCommand,     &kSqlCommand,
     &kFilaCommand,     &kConexionCommand, &kFormatoCommand,        &kLetraCommand,      &kCalendarioCommand,
-    &kCifraCommand,    &kDescifraCommand, &kEjecutaCommand,        &kMensajeCommand,    &kPreguntaCommand,
-    &kEntradaCommand,  &kBitacoraCommand, &kPuenteCommand,         &kMetodosCommand,    &kMovilCommand,
+    &kCifraCommand,    &kDescifraCommand, &kEjecutaCommand,        &kPingCommand,       &kMovilCommand,
+    &kMensajeCommand,  &kPreguntaCommand, &kEntradaCommand,        &kBitacoraCommand,   &kPuenteCommand,
+    &kMetodosCommand,
 });
 
 }  // namespace

@@ -31,6 +31,7 @@ extern const Command kBarrasCommand;
 extern const Command kCifraCommand;
 extern const Command kDescifraCommand;
 extern const Command kEjecutaCommand;
+extern const Command kPingCommand;
 extern const Command kMensajeCommand;
 extern const Command kPreguntaCommand;
 extern const Command kEntradaCommand;
