@@ -18,6 +18,7 @@
 #include "qvn/core/session_values.h"
 #include "qvn/core/working_date.h"
 #include "qvn/data/drivers/built_in.h"
+#include "qvn/devices/links/process_link.h"
 #include "qvn/dialogs/ask.h"
 #include "qvn/dialogs/default_dialogs.h"
 #include "qvn/ledger/lots.h"
@@ -192,6 +193,10 @@ std::shared_ptr<host::FileSystemObject> LumLibreria::NewFso() const {
 host::QueryPtr LumLibreria::NewQuery() const { return std::make_shared<host::Query>(); }
 std::shared_ptr<host::Collection> LumLibreria::NewCollection() const { return std::make_shared<host::Collection>(); }
 data::ConnectionPtr LumLibreria::NewSQLite() const {
+  std::shared_ptr<system::Ping> LumLibreria::NewPing() const { return std::make_shared<system::Ping>(); }
+  std::shared_ptr<devices::QvnMobile> LumLibreria::NewMobile() const {
+    return std::make_shared<devices::QvnMobile>(devices::deviceLink());
+  }
   auto connection = data::Connection::create();
   connection->setConnectionString("Provider=SQLite;");
   return connection;

@@ -24,6 +24,7 @@
 #include "qvn/base/random.h"
 #include "qvn/base/variant.h"
 #include "qvn/data/connection.h"
+#include "qvn/devices/qvn_mobile.h"
 #include "qvn/dialogs/dialogs.h"
 #include "qvn/host/ambiente.h"
 #include "qvn/host/collection.h"
@@ -35,6 +36,7 @@
 #include "qvn/mysqladmin/database_restore.h"
 #include "qvn/rowtext/text_data.h"
 #include "qvn/rowtext/ws_field.h"
+#include "qvn/system/ping.h"
 #include "qvn/text/shell_sort.h"
 
 namespace qvn {
@@ -136,6 +138,9 @@ class LumLibreria {
   std::shared_ptr<host::Collection> NewCollection() const;
   /// A closed connection to the embedded engine; the host adds "Data Source=..." and opens it.
   ConnectionPtr NewSQLite() const;
+  std::shared_ptr<system::Ping> NewPing() const;
+  /// On the link of this process; see qvn/devices/links/process_link.h.
+  std::shared_ptr<devices::QvnMobile> NewMobile() const;
 
   // Numbers as text: qvn/text/decimal_text.h and pattern.h
 

@@ -33,6 +33,8 @@ constexpr auto kClasses = std::to_array<NamedClass>({
     named<barcode::Picture>(),
     named<CanvasObject>(),
     named<system::DOSOutputs>(),
+    named<system::Ping>(),
+    named<devices::QvnMobile>(),
 });
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "qvn/automation/canvas_object.h"
 #include "qvn/barcode/picture.h"
 #include "qvn/data/connection.h"
+#include "qvn/devices/qvn_mobile.h"
 #include "qvn/host/ambiente.h"
 #include "qvn/host/collection.h"
 #include "qvn/host/file_system_object.h"
@@ -17,6 +18,7 @@
 #include "qvn/rowtext/text_data.h"
 #include "qvn/rowtext/ws_field.h"
 #include "qvn/system/dos_outputs.h"
+#include "qvn/system/ping.h"
 
 namespace qvn::automation {
 
@@ -57,6 +59,10 @@ template <>
 inline constexpr std::string_view kClassName<CanvasObject> = "Canvas";
 template <>
 inline constexpr std::string_view kClassName<system::DOSOutputs> = "DOSOutputs";
+template <>
+inline constexpr std::string_view kClassName<system::Ping> = "Ping";
+template <>
+inline constexpr std::string_view kClassName<devices::QvnMobile> = "QvnMobile";
 
 /// The name of the class of an object that the bridge can hold.
 std::string_view classNameOf(const Object& object);

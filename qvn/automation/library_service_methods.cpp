@@ -2,6 +2,26 @@
 #include "qvn/automation/sections.h"
 
 namespace qvn::automation {
+namespace {
+
+// With the events told to the host.
+std::shared_ptr<system::Ping> newPing(const Session& session) {
+  auto ping = session.library.NewPing();
+  // A listener must not keep the object alive that keeps the listener.
+  ping->onPingOK([&session, ping = ping.get()](std::int32_t& poSpeed) {
+    Json event = objectEvent("PingOK", *ping, session);
+    event.add("poSpeed", poSpeed);
+    session.conversation.tell(event);
+  });
+  ping->onPingError([&session, ping = ping.get()](std::string_view peErrDescription) {
+    Json event = objectEvent("PingError", *ping, session);
+    event.add("peErrDescription", toJson(peErrDescription));
+    session.conversation.tell(event);
+  });
+  return ping;
+}
+
+}  // namespace
 
 std::vector<Section> serviceSections() {
   return {
@@ -67,6 +87,8 @@ std::vector<Section> serviceSections() {
            method<&LumLibreria::NewQuery>("NewQuery"),
            method<&LumLibreria::NewCollection>("NewCollection"),
            method<&LumLibreria::NewSQLite>("NewSQLite"),
+           method<&newPing>("NewPing"),
+           method<&LumLibreria::NewMobile>("NewMobile"),
        }},
       {"Barcodes",
        {"qvn/barcode/library_pictures.h", "qvn/barcode/ean.h"},

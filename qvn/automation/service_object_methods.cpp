@@ -1,13 +1,17 @@
 #include "qvn/automation/method.h"
 #include "qvn/automation/sections.h"
 #include "qvn/barcode/oden_barcode.h"
+#include "qvn/base/path.h"
+#include "qvn/devices/folder/folder_link.h"
 
 namespace qvn::automation {
 namespace {
 
 using barcode::odenBarcode;
 using barcode::Picture;
+using devices::QvnMobile;
 using system::DOSOutputs;
+using system::Ping;
 
 std::shared_ptr<DOSOutputs> newDosOutputs(const Session& session) {
   auto console = std::make_shared<DOSOutputs>(session.dialogs);
@@ -18,6 +22,11 @@ std::shared_ptr<DOSOutputs> newDosOutputs(const Session& session) {
     session.conversation.tell(event);
   });
   return console;
+}
+
+// For a device that is mounted as a folder.
+std::shared_ptr<QvnMobile> newMobileOnFolder(std::string_view folder) {
+  return std::make_shared<QvnMobile>(std::make_shared<devices::FolderLink>(hostPath(folder)));
 }
 
 std::shared_ptr<CanvasObject> newCanvas() { return std::make_shared<CanvasObject>(barcode::newPictureCanvas()); }
@@ -58,6 +67,29 @@ std::vector<Section> serviceObjectSections() {
            method<&DOSOutputs::ExecuteToFile>("DOSOutputs.ExecuteToFile", "this", "CommandLine", "fileName",
                                               "strError=\"\""),
            method<&DOSOutputs::OutLine>("DOSOutputs.OutLine", "this", "fileName", "text"),
+       }},
+      {"Objects: the network",
+       {"qvn/system/ping.h"},
+       {
+           method<&Ping::DoPing>("Ping.DoPing", "this", "HostAddress"),
+           method<&Ping::IP2Long>("Ping.IP2Long", "strAddress"),
+           method<&Ping::pingGetHostByName>("Ping.pingGetHostByName", "this", "Host"),
+           method<&Ping::lastIP>("Ping.lastIP", "this"),
+           method<&Ping::IsHostSyncRunning>("Ping.IsHostSyncRunning"),
+       }},
+      {"Objects: handheld devices",
+       {"qvn/devices/qvn_mobile.h", "qvn/devices/windows_ce.h"},
+       {
+           method<&newMobileOnFolder>("QvnMobile.OnFolder", "Folder"),
+           method<&QvnMobile::Connect>("QvnMobile.Connect", "this"),
+           method<&QvnMobile::CopyFileFromPocket>("QvnMobile.CopyFileFromPocket", "this", "SourceFile", "DestinyFile"),
+           method<&QvnMobile::CopyFileToPocket>("QvnMobile.CopyFileToPocket", "this", "SourceFile", "DestinyFile"),
+           method<&QvnMobile::Disconnect>("QvnMobile.Disconnect", "this"),
+           method<&QvnMobile::Version>("QvnMobile.Version", "this"),
+           method<&QvnMobile::IsConnected>("QvnMobile.IsConnected", "this"),
+           method<&QvnMobile::DeleteFileFromPocket>("QvnMobile.DeleteFileFromPocket", "this", "Path"),
+           method<&QvnMobile::ExistFileOnPocket>("QvnMobile.ExistFileOnPocket", "this", "Path"),
+           method<&QvnMobile::ceCommand>("QvnMobile.ceCommand", "this", "strProcess", "strParameters"),
        }},
       {"Objects: barcodes",
        {"qvn/barcode/oden_barcode.h", "qvn/barcode/picture.h"},
