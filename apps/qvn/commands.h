@@ -34,7 +34,6 @@ extern const Command kEjecutaCommand;
 extern const Command kMensajeCommand;
 extern const Command kPreguntaCommand;
 extern const Command kEntradaCommand;
-extern const Command kBarrasCommand;
 extern const Command kBitacoraCommand;
 extern const Command kMovilCommand;
 
