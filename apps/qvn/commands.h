@@ -35,7 +35,6 @@ extern const Command kPingCommand;
 extern const Command kMensajeCommand;
 extern const Command kPreguntaCommand;
 extern const Command kEntradaCommand;
-extern const Command kBarrasCommand;
 extern const Command kBitacoraCommand;
 extern const Command kPuenteCommand;
 extern const Command kMetodosCommand;
