@@ -7,12 +7,12 @@ namespace qvn::cli {
 namespace {
 
 constexpr auto kCommands = std::to_array<const Command*>({
-    &kDemoCommand,     &kSaldoCommand,    &kSaldoProveedorCommand, &kPorAplicarCommand, &kRecalculaCommand,
-    &kSurtirCommand,   &kRecibirCommand,  &kLotesCommand,          &kPreciosCommand,    &kConsecutivoCommand,
-    &kRespaldaCommand, &kRestauraCommand, &kReparaCommand,         &kBarrasCommand,     &kSqlCommand,
-    &kFilaCommand,     &kConexionCommand, &kFormatoCommand,        &kLetraCommand,      &kCalendarioCommand,
-    &kCifraCommand,    &kDescifraCommand, &kEjecutaCommand,        &kMensajeCommand,    &kPreguntaCommand,
-    &kEntradaCommand,  &kBitacoraCommand,
+    &kDemoCommand,       &kSaldoCommand,    &kSaldoProveedorCommand, &kPorAplicarCommand, &kRecalculaCommand,
+    &kSurtirCommand,     &kRecibirCommand,  &kLotesCommand,          &kPreciosCommand,    &kConsecutivoCommand,
+    &kRespaldaCommand,   &kRestauraCommand, &kReparaCommand,         &kBarrasCommand,     &kSqlCommand,
+    &kExportaCommand,    &kFilaCommand,     &kConexionCommand,       &kFormatoCommand,    &kLetraCommand,
+    &kCalendarioCommand, &kCifraCommand,    &kDescifraCommand,       &kEjecutaCommand,    &kMensajeCommand,
+    &kPreguntaCommand,   &kEntradaCommand,  &kBitacoraCommand,
 });
 
 }  // namespace

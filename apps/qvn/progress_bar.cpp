@@ -17,9 +17,11 @@ std::string progressLine(std::string_view label, std::int64_t done, std::int64_t
 }
 
 void ProgressBar::show(std::string_view label, std::int64_t done, std::int64_t total) {
-  if (!isShown_) return;
-  std::string line = progressLine(label, done, total);
-  if (line == line_) return;
+  if (isShown_) show(progressLine(label, done, total));
+}
+
+void ProgressBar::show(std::string line) {
+  if (!isShown_ || line == line_) return;
   messages_ << kEraseLine << line;
   messages_.flush();
   line_ = std::move(line);

@@ -21,6 +21,8 @@ class ProgressBar {
   ProgressBar& operator=(const ProgressBar&) = delete;
 
   void show(std::string_view label, std::int64_t done, std::int64_t total);
+  /// A line without a bar, where nobody knows the total.
+  void show(std::string line);
   /// Removes the line, so that others can be written in its place.
   void clear();
 

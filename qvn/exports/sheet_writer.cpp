@@ -49,6 +49,7 @@ bool SheetWriter::write(const ExportObserver& observe) {
   beginSheet(name_);
   for (; !rows_.Eof(); rows_.MoveNext()) {
     if (isFull()) {
+      setFilter();
       endSheet();
       fullSheets_.push_back({name_, nextRow_ - 1});
       name_ = target_.names.takeNext(fullSheets_.front().name);
@@ -57,6 +58,7 @@ bool SheetWriter::write(const ExportObserver& observe) {
     writeRow();
     if (count_ % kRowsBetweenObservations == 0 && observe && !observe(count_)) return false;
   }
+  setFilter();
   writeTotals();
   endSheet();
   return !observe || observe(count_);
@@ -141,9 +143,13 @@ std::string SheetWriter::totalFormula(std::size_t column) const {
   return formula.append(columnRange(column, nextRow_ - 1)).append(")");
 }
 
+void SheetWriter::setFilter() {
+  if (!settings_.hasFilter || columns_.empty()) return;
+  target_.workbook.setFilter({nextRow_ - 1, static_cast<std::uint16_t>(columns_.size() - 1)});
+}
+
 void SheetWriter::endSheet() {
-  SheetLook look{
-      .widths = {}, .isFrozen = settings_.isFrozen, .hasFilter = settings_.hasFilter, .lastDataRow = nextRow_ - 1};
+  SheetLook look{.isFrozen = settings_.isFrozen};
   for (const SheetColumn& column : columns_) look.widths.push_back(column.width(settings_.hasFilter));
   target_.workbook.endSheet(look);
 }

@@ -28,6 +28,7 @@ class SheetWriter {
 
  private:
   void beginSheet(const std::string& name);
+  void setFilter();
   void endSheet();
   void writeHeadings();
   void writeRow();

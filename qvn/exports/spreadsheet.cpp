@@ -40,7 +40,7 @@ struct SpreadsheetExport::Workbook {
   Workbook(std::string_view path, OnExisting existing) : file(path), onExisting(existing) {
     const WorkbookMaker maker = workbookMaker();
     requireWritable(file.name(), path);
-    writer = maker(file.name());
+    writer = maker({.path = file.name(), .shownAs = std::string(path)});
   }
 
   host::ReplacedFile file;

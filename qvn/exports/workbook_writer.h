@@ -13,17 +13,15 @@ namespace qvn::exports {
 /// How a cell looks.
 struct CellLook {
   enum class Part { Data, Heading, Total };
-  std::string pattern;  ///< a number format as sheets know it, "#,##0.00"; "" shows the value in general
+  std::string pattern = {};  ///< a number format as sheets know it, "#,##0.00"; "" shows the value in general
   Part part = Part::Data;
   friend bool operator==(const CellLook&, const CellLook&) = default;
 };
 
 /// How a sheet looks; rows and columns count from 0.
 struct SheetLook {
-  std::vector<double> widths;  ///< of the columns, in characters
-  bool isFrozen = false;       ///< the first row stays when the others scroll
-  bool hasFilter = false;      ///< on the first row, over the rows up to `lastDataRow`
-  std::uint32_t lastDataRow = 0;
+  std::vector<double> widths = {};  ///< of the columns, in characters
+  bool isFrozen = false;            ///< the first row stays when the others scroll
 };
 
 /// Texts are UTF-8 without characters that no XML file holds, of at most kMostTextUnits. Everything throws RuntimeError
@@ -51,14 +49,21 @@ class WorkbookWriter {
   virtual void writeText(Place place, const std::string& text, Look look) = 0;
   /// "=SUM(A2:A9)" with the number that it comes to.
   virtual void writeFormula(Place place, const std::string& formula, double result, Look look) = 0;
+  /// A filter on the first row, over the columns and rows up to that place, whose row is the last that was written.
+  virtual void setFilter(Place last) = 0;
   virtual void endSheet(const SheetLook& look) = 0;
 
   /// Completes the file.
   virtual void close() = 0;
 };
 
-/// A writer to the file of that path, which is made or emptied. Throws RuntimeError when the system refuses.
-using WorkbookMaker = std::unique_ptr<WorkbookWriter> (*)(const std::string& path);
+struct WorkbookFile {
+  std::string path;     ///< is made or emptied
+  std::string shownAs;  ///< what people know it by
+};
+
+/// A writer to that file. Throws RuntimeError when the system refuses.
+using WorkbookMaker = std::unique_ptr<WorkbookWriter> (*)(const WorkbookFile& file);
 
 /// Makes the writers from now on. Adapters register themselves when a host links them.
 void registerWorkbookWriter(WorkbookMaker maker);

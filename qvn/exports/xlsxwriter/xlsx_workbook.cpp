@@ -24,20 +24,20 @@ struct FreeWorkbook {
   void operator()(lxw_workbook* workbook) const noexcept { lxw_workbook_free(workbook); }
 };
 
-std::error_code lastCode() {
-  // The library keeps the system's code to itself, and sometimes forgets it.
-  return {errno == 0 ? EIO : errno, std::generic_category()};
+// The library keeps the system's code to itself, and by then it may be gone.
+std::error_code lastCode(std::errc forgotten) {
+  return errno == 0 ? std::make_error_code(forgotten) : std::error_code(errno, std::generic_category());
 }
 
 class XlsxWorkbook final : public WorkbookWriter {
  public:
-  explicit XlsxWorkbook(std::string path) : path_(std::move(path)) {
-    std::string folder = std::filesystem::path(path_).parent_path().string();
+  explicit XlsxWorkbook(WorkbookFile file) : file_(std::move(file)) {
+    std::string folder = std::filesystem::path(file_.path).parent_path().string();
     if (folder.empty()) folder = ".";
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;
     options.tmpdir = folder.data();
-    workbook_.reset(workbook_new_opt(path_.c_str(), &options));
+    workbook_.reset(workbook_new_opt(file_.path.c_str(), &options));
     if (!workbook_) refuse(LXW_ERROR_MEMORY_MALLOC_FAILED);
   }
 
@@ -47,6 +47,7 @@ class XlsxWorkbook final : public WorkbookWriter {
   void writeBoolean(Place place, bool flag, Look look) override;
   void writeText(Place place, const std::string& text, Look look) override;
   void writeFormula(Place place, const std::string& formula, double result, Look look) override;
+  void setFilter(Place last) override;
   void endSheet(const SheetLook& look) override;
   void close() override;
 
@@ -56,6 +57,9 @@ class XlsxWorkbook final : public WorkbookWriter {
     lxw_format* format;
   };
 
+  [[nodiscard]] host::FileAttempt attempt() const {
+    return {.verb = "escribir la hoja de cálculo", .path = file_.shownAs};
+  }
   [[noreturn]] void refuse(lxw_error error) const;
   void check(lxw_error error) const {
     if (error != LXW_NO_ERROR) refuse(error);
@@ -64,15 +68,13 @@ class XlsxWorkbook final : public WorkbookWriter {
   void requireTemporaryFile() const;
   [[nodiscard]] lxw_format* formatOf(Look look) const { return looks_[look].format; }
 
-  std::string path_;
+  WorkbookFile file_;
   std::unique_ptr<lxw_workbook, FreeWorkbook> workbook_;
   std::vector<KnownLook> looks_;
   lxw_worksheet* sheet_ = nullptr;
   std::optional<std::uint32_t> row_;
   std::vector<std::int64_t> rowsOfSheets_;
 };
-
-host::FileAttempt attemptAt(const std::string& path) { return {.verb = "escribir la hoja de cálculo", .path = path}; }
 
 void XlsxWorkbook::refuse(lxw_error error) const {
   switch (error) {
@@ -82,10 +84,10 @@ void XlsxWorkbook::refuse(lxw_error error) const {
     case LXW_ERROR_ZIP_FILE_OPERATION:
     case LXW_ERROR_ZIP_FILE_ADD:
     case LXW_ERROR_ZIP_CLOSE:
-      throw host::fileError(lastCode(), attemptAt(path_));
+      throw host::fileError(lastCode(std::errc::io_error), attempt());
     default:  // what the rest mean is only in the library's own words
       throw RuntimeError(error_number::kDeviceError,
-                         "No se pudo escribir la hoja de cálculo «" + path_ + "»: " + lxw_strerror(error));
+                         "No se pudo escribir la hoja de cálculo «" + file_.shownAs + "»: " + lxw_strerror(error));
   }
 }
 
@@ -119,7 +121,7 @@ void XlsxWorkbook::requireTemporaryFile() const {
   if (std::ferror(sheet_->optimize_tmpfile) == 0) return;
   errno = 0;
   std::fflush(sheet_->optimize_tmpfile);
-  throw host::fileError(lastCode(), attemptAt(path_));
+  throw host::fileError(lastCode(std::errc::no_space_on_device), attempt());
 }
 
 void XlsxWorkbook::enterRow(std::uint32_t row) {
@@ -155,31 +157,29 @@ void XlsxWorkbook::writeFormula(Place place, const std::string& formula, double 
   check(worksheet_write_formula_num(sheet_, place.row, place.column, formula.c_str(), formatOf(look), result));
 }
 
+void XlsxWorkbook::setFilter(Place last) { check(worksheet_autofilter(sheet_, 0, 0, last.row, last.column)); }
+
 void XlsxWorkbook::endSheet(const SheetLook& look) {
-  const std::size_t columns = look.widths.size();
-  for (std::size_t i = 0; i < columns; ++i) {
+  for (std::size_t i = 0; i < look.widths.size(); ++i) {
     const auto column = static_cast<lxw_col_t>(i);
     check(worksheet_set_column(sheet_, column, column, look.widths[i], nullptr));
   }
   if (look.isFrozen) worksheet_freeze_panes(sheet_, 1, 0);
-  if (look.hasFilter && columns > 0) {
-    check(worksheet_autofilter(sheet_, 0, 0, look.lastDataRow, static_cast<lxw_col_t>(columns - 1)));
-  }
 }
 
 void XlsxWorkbook::close() {
   errno = 0;
   check(workbook_close(workbook_.release()));
   std::error_code ignored;  // what is no regular file, such as a device, cannot be read back
-  if (!std::filesystem::is_regular_file(path_, ignored)) return;
-  if (xlsxwriter::holdsSheets(path_, rowsOfSheets_)) return;
-  throw host::fileError(error_number::kDiskFull, attemptAt(path_));
+  if (!std::filesystem::is_regular_file(file_.path, ignored)) return;
+  if (xlsxwriter::holdsSheets(file_.path, rowsOfSheets_)) return;
+  throw host::fileError(error_number::kDiskFull, attempt());
 }
 
 }  // namespace
 
-std::unique_ptr<WorkbookWriter> newXlsxWorkbook(const std::string& path) {
-  return std::make_unique<XlsxWorkbook>(path);
+std::unique_ptr<WorkbookWriter> newXlsxWorkbook(const WorkbookFile& file) {
+  return std::make_unique<XlsxWorkbook>(file);
 }
 
 }  // namespace qvn::exports

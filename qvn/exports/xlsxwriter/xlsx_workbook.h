@@ -2,15 +2,14 @@
 #pragma once
 
 #include <memory>
-#include <string>
 
 #include "qvn/exports/workbook_writer.h"
 
 namespace qvn::exports {
 
 /// Rows pass through temporary files, one for each sheet, in the folder of the environment's TMPDIR or else in that of
-/// `path`; they have no name and go with the process. Besides throwing, the library tells on standard error when it
+/// the file; they have no name and go with the process. Besides throwing, the library tells on standard error when it
 /// cannot put the workbook together.
-std::unique_ptr<WorkbookWriter> newXlsxWorkbook(const std::string& path);
+std::unique_ptr<WorkbookWriter> newXlsxWorkbook(const WorkbookFile& file);
 
 }  // namespace qvn::exports
