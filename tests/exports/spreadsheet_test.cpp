@@ -45,7 +45,7 @@ TEST_F(Spreadsheet, HasHeadingsFormatsAndTotals) {
       .columns = {{.field = "CLIENTE", .title = "Cliente & Cía", .width = 30},
                   {.field = "saldo", .title = "Saldo", .format = "#,##0.00", .isTotalled = true}}};
   EXPECT_EQ(sheet(rows, settings),
-            "sheet Saldos frozen=1 filter=A1:C4 widths=30.7,18.3,13.3\n"
+            "sheet Saldos frozen=1 filter=A1:C4 widths=30.7,18.3,14.3\n"
             "A1|text|@ bold|Cliente & Cía\n"
             "B1|text|@ bold|cobranza\n"
             "C1|text|@ bold|Saldo\n"

@@ -6,6 +6,7 @@
 #include "apps/qvn/connect.h"
 #include "apps/qvn/given_statement.h"
 #include "apps/qvn/row_writer.h"
+#include "apps/qvn/terminal_text.h"
 
 namespace qvn::cli {
 namespace {
