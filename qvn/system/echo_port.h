@@ -32,7 +32,8 @@ struct EchoReply {
 
 struct EchoResult {
   std::optional<EchoReply> reply;  ///< nothing when no answer came in time, or nothing was sent
-  int systemError = 0;             ///< `errno` of what kept the request from being sent, 0 when it was sent
+  int systemError = 0;             ///< `errno` of what kept the request from being sent, 0 when it was sent;
+                                   ///< EPERM when this process may not use ICMP
 };
 
 class EchoPort {
@@ -40,6 +41,7 @@ class EchoPort {
   virtual ~EchoPort() = default;
   /// Sends one request and waits for its reply, or for a router's word that it cannot be delivered. Other traffic
   /// neither answers nor prolongs the wait. Broadcast addresses are refused. Never throws for what the network does.
+  /// One port serves one thread at a time.
   virtual EchoResult echo(const EchoRequest& request) = 0;
 };
 

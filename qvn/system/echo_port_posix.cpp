@@ -31,16 +31,28 @@ struct IpOption {
   int value;
 };
 
-// A socket for ICMP. The kind that everyone may be allowed to use comes first; there the system chooses the identifier
-// and hands over messages without their IP headers.
+// Everyone may be allowed to use the first kind; there the system chooses the identifier and hands over messages
+// without their IP headers.
+enum class SocketKind { Datagram, Raw };
+
+SocketKind otherThan(SocketKind kind) { return kind == SocketKind::Datagram ? SocketKind::Raw : SocketKind::Datagram; }
+
+int openSocket(SocketKind kind) {
+  return socket(AF_INET, (kind == SocketKind::Raw ? SOCK_RAW : SOCK_DGRAM) | SOCK_CLOEXEC, IPPROTO_ICMP);
+}
+
+// A socket for ICMP.
 class EchoSocket {
  public:
-  explicit EchoSocket(std::uint8_t timeToLive) {
-    descriptor_ = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, IPPROTO_ICMP);
-    isRaw_ = descriptor_ < 0;
-    if (isRaw_) descriptor_ = socket(AF_INET, SOCK_RAW | SOCK_CLOEXEC, IPPROTO_ICMP);
+  /// Tries the other kind of socket when the system does not give out the preferred one.
+  EchoSocket(SocketKind preferred, std::uint8_t timeToLive) : descriptor_(openSocket(preferred)), kind_(preferred) {
     if (descriptor_ < 0) {
-      openError_ = errno;
+      kind_ = otherThan(preferred);
+      descriptor_ = openSocket(kind_);
+    }
+    if (descriptor_ < 0) {
+      // The two kinds are refused in two ways.
+      openError_ = errno == EACCES ? EPERM : errno;
       return;
     }
     // Errors that routers report are kept in a queue apart; packets may be fragmented, and have no other flag either.
@@ -50,7 +62,7 @@ class EchoSocket {
       setsockopt(descriptor_, IPPROTO_IP, option.name, &option.value, sizeof option.value);
     }
     const icmp_filter onlyReplies{~(1U << ICMP_ECHOREPLY)};
-    if (isRaw_) setsockopt(descriptor_, SOL_RAW, ICMP_FILTER, &onlyReplies, sizeof onlyReplies);
+    if (kind_ == SocketKind::Raw) setsockopt(descriptor_, SOL_RAW, ICMP_FILTER, &onlyReplies, sizeof onlyReplies);
   }
   ~EchoSocket() {
     if (descriptor_ >= 0) close(descriptor_);
@@ -69,20 +81,30 @@ class EchoSocket {
            0) {
       if (errno != EINTR) return errno;
     }
-    if (!isRaw_) echo.identifier = ownPort();
+    if (kind_ == SocketKind::Datagram) echo.identifier = ownPort();
     return 0;
   }
 
-  /// The status of the request if a message about it is there, or comes while this waits.
-  std::optional<std::uint32_t> receive(const SentEcho& sent, std::chrono::nanoseconds longest) {
+  /// The status of the request if the next message that has come is about it.
+  std::optional<std::uint32_t> receive(const SentEcho& sent) {
+    sockaddr_in from{};
+    socklen_t size = sizeof from;
+    const ssize_t count =
+        recvfrom(descriptor_, buffer_.data(), buffer_.size(), MSG_DONTWAIT, reinterpret_cast<sockaddr*>(&from), &size);
+    // An error stands for a report in the queue of errors.
+    if (count < 0) return errno == EAGAIN ? std::nullopt : receiveError(sent);
+    const std::span<const std::uint8_t> bytes(buffer_.data(), static_cast<std::size_t>(count));
+    return isReply(sent, std::bit_cast<Ipv4Address>(from.sin_addr), bytes) ? std::optional<std::uint32_t>(0)
+                                                                           : std::nullopt;
+  }
+
+  void waitForMessage(std::chrono::nanoseconds longest) const {
     pollfd ready{descriptor_, POLLIN, 0};
     const auto wait = std::min(std::chrono::ceil<std::chrono::milliseconds>(longest), kLongestPoll);
-    if (poll(&ready, 1, static_cast<int>(wait.count())) <= 0) return std::nullopt;
-    if ((ready.revents & POLLERR) != 0) {
-      if (const auto status = receiveError(sent)) return status;
-    }
-    return receiveReply(sent) ? std::optional<std::uint32_t>(0) : std::nullopt;
+    poll(&ready, 1, static_cast<int>(wait.count()));
   }
+
+  [[nodiscard]] SocketKind kind() const { return kind_; }
 
  private:
   std::uint16_t ownPort() const {
@@ -92,14 +114,8 @@ class EchoSocket {
     return ntohs(own.sin_port);
   }
 
-  bool receiveReply(const SentEcho& sent) {
-    sockaddr_in from{};
-    socklen_t size = sizeof from;
-    const ssize_t count =
-        recvfrom(descriptor_, buffer_.data(), buffer_.size(), MSG_DONTWAIT, reinterpret_cast<sockaddr*>(&from), &size);
-    if (count < 0) return false;
-    const std::span<const std::uint8_t> bytes(buffer_.data(), static_cast<std::size_t>(count));
-    if (!isRaw_) return isReplyTo(sent, std::bit_cast<Ipv4Address>(from.sin_addr), bytes);
+  bool isReply(const SentEcho& sent, Ipv4Address source, std::span<const std::uint8_t> bytes) const {
+    if (kind_ == SocketKind::Datagram) return isReplyTo(sent, source, bytes);
     const auto icmp = icmpOf(bytes);
     return icmp && isReplyTo(sent, icmp->source, icmp->message);
   }
@@ -134,7 +150,7 @@ class EchoSocket {
 
   int descriptor_;
   int openError_ = 0;
-  bool isRaw_;
+  SocketKind kind_;
   // Larger than any reply to what is sent here; of a longer message the rest is of no use.
   std::array<std::uint8_t, 2048> buffer_;
 };
@@ -142,25 +158,34 @@ class EchoSocket {
 class SystemEcho final : public EchoPort {
  public:
   EchoResult echo(const EchoRequest& request) override {
-    EchoSocket socket(request.timeToLive);
-    SentEcho sent{request.address, randomWord(), randomWord(), request.payload};
+    EchoSocket socket(preferred_, request.timeToLive);
+    preferred_ = socket.kind();
+    SentEcho sent = markedEcho(request);
     const auto start = Clock::now();
     if (const int error = socket.send(sent); error != 0) return {.reply = {}, .systemError = error};
     const auto deadline = start + request.timeout;
-    for (auto now = Clock::now(); now < deadline; now = Clock::now()) {
-      if (request.isAbandoned && request.isAbandoned()) break;
-      if (const auto status = socket.receive(sent, deadline - now)) {
-        return {.reply = EchoReply{*status, std::chrono::floor<std::chrono::microseconds>(Clock::now() - start)}};
-      }
+    while (true) {
+      const auto status = socket.receive(sent);
+      const auto now = Clock::now();
+      if (status) return {.reply = EchoReply{*status, std::chrono::floor<std::chrono::microseconds>(now - start)}};
+      if (now >= deadline || (request.isAbandoned && request.isAbandoned())) return {};
+      socket.waitForMessage(deadline - now);
     }
-    return {};
   }
 
  private:
-  // Nobody outside the path of the request can tell what a reply must repeat.
-  std::uint16_t randomWord() { return static_cast<std::uint16_t>(chance_()); }
+  // Nobody outside the path of the request can tell what its reply must repeat.
+  SentEcho markedEcho(const EchoRequest& request) {
+    const std::uint32_t mark = chance_();
+    return {.destination = request.address,
+            .identifier = static_cast<std::uint16_t>(mark >> 16),
+            .sequence = static_cast<std::uint16_t>(mark & 0xFFFF),
+            .payload = request.payload};
+  }
 
   std::random_device chance_;
+  // The kind that was given out last.
+  SocketKind preferred_ = SocketKind::Datagram;
 };
 
 }  // namespace
