@@ -20,7 +20,8 @@ namespace qvn::data {
 /// lost connection is never opened again silently: every further statement fails with kUnspecified.
 ///
 /// After an INSERT of several rows the inserted number is that of the first of them. A deadlock (40001) ends with
-/// kStatementRefused: the connection is sound, the transaction is gone.
+/// kStatementRefused: the connection is sound, the transaction is gone. When it comes behind rows that were never read,
+/// the next statement fails with it, unless that is ROLLBACK.
 std::shared_ptr<const Driver> mysqlDriver();
 
 }  // namespace qvn::data

@@ -82,6 +82,12 @@ bool MysqlLink::cancelStatement() const noexcept {
 
 void MysqlLink::breakOff() const noexcept { ::shutdown(mysql_get_socket(handle()), SHUT_RDWR); }
 
+bool MysqlLink::isInTransaction() const noexcept {
+  unsigned status = 0;
+  return mariadb_get_infov(handle(), MARIADB_CONNECTION_SERVER_STATUS, &status) == 0 &&
+         (status & SERVER_STATUS_IN_TRANS) != 0;
+}
+
 bool MysqlLink::dropFurtherResults() const noexcept {
   while (mysql_more_results(handle()) != 0) {
     if (mysql_next_result(handle()) > 0) return false;

@@ -2,10 +2,13 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "qvn/data/drivers/mysql/handles.h"
 #include "qvn/data/drivers/mysql/server_address.h"
+#include "qvn/data/provider_error.h"
 
 namespace qvn::data::mysql {
 
@@ -35,10 +38,22 @@ class MysqlLink {
   [[nodiscard]] MysqlCursor* reader() const { return reader_; }
   void setReader(MysqlCursor* reader) { reader_ = reader; }
 
+  /// True when the server said last that a transaction is open.
+  [[nodiscard]] bool isInTransaction() const noexcept;
+
+  /// Keeps a failure that took the session's transaction back behind rows that nobody reads any more, for the next
+  /// statement: it would run outside the transaction that the host believes in.
+  void keepLostTransaction(ProviderError failure) { lostTransaction_ = std::move(failure); }
+  /// That failure, once.
+  [[nodiscard]] std::optional<ProviderError> takeLostTransaction() {
+    return std::exchange(lostTransaction_, std::nullopt);
+  }
+
  private:
   ServerAddress address_;
   ConnectionHandle handle_;
   MysqlCursor* reader_ = nullptr;
+  std::optional<ProviderError> lostTransaction_;
 };
 
 }  // namespace qvn::data::mysql

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "qvn/base/letter_case.h"
 #include "qvn/data/drivers/mysql/mysql_cursor.h"
 #include "qvn/data/drivers/mysql/mysql_error.h"
 #include "qvn/data/drivers/mysql/mysql_literal.h"
@@ -46,6 +47,7 @@ void MysqlSession::limitLockWait() {
 
 StatementResult MysqlSession::execute(std::string_view sql) {
   if (MysqlCursor* const reader = link_.reader()) reader->releaseLink();
+  if (auto lost = link_.takeLostTransaction(); lost && !equalIgnoringCase(sql, "ROLLBACK")) throw *std::move(lost);
   AnswerWait wait(link_, timeout_);
   StatementResult result;
   std::optional<ErrorItem> reported;
