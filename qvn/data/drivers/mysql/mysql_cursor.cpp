@@ -3,7 +3,6 @@
 #include <span>
 #include <utility>
 
-#include "qvn/data/drivers/mysql/mysql_error.h"
 #include "qvn/data/drivers/mysql/mysql_value.h"
 
 namespace qvn::data::mysql {
@@ -82,7 +81,7 @@ void MysqlCursor::take(MYSQL_ROW row) {
 void MysqlCursor::finishReading() {
   const bool isSound = mysql_errno(link_.handle()) == 0 && link_.dropFurtherResults();
   link_.setReader(nullptr);
-  if (!isSound) failure_ = statementError(link_.handle(), link_.serverName());
+  if (!isSound) failure_ = link_.lastError();
 }
 
 void MysqlCursor::keepLostTransaction() {
