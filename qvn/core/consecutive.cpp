@@ -17,6 +17,13 @@ bool beginsWithMySql(const data::Connection& connection) {
   return text::clAt(std::string(marker::kMySql), connection.ConnectionString()) == 1;
 }
 
+void refuseCluster(const data::Connection& connection) {
+  if (!connection.IsClustered()) return;
+  throw data::ProviderError(data::provider_number::kNotSupported,
+                            "Este servidor forma parte de un clúster, donde LOCK TABLES vale en un solo servidor; tome "
+                            "el consecutivo con TraeSiguienteSeguro");
+}
+
 std::int32_t incremented(std::int32_t number) {
   std::int32_t next = 0;
   if (__builtin_add_overflow(number, 1, &next)) throw RuntimeError(error_number::kOverflow);
@@ -68,6 +75,7 @@ std::int32_t TraeSiguiente(std::string_view Campo, const data::ConnectionPtr& Co
                            host::QueryPtr& Query) {
   data::Connection& connection = *host::required(Connection);
   host::provideQuery(Query, Connection);
+  refuseCluster(connection);
   if (beginsWithMySql(connection)) {
     const std::int32_t next = TraeSiguienteConfig(Campo, Connection);
     connection.Execute("LOCK TABLES consec WRITE");

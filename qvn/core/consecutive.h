@@ -20,12 +20,14 @@ namespace qvn::core {
 /// A connection string that begins with "MySQL" (in any case) draws as TraeSiguienteConfig does and then issues
 /// "LOCK TABLES consec WRITE", which stays in force until the session ends or locks something else: until then the
 /// session gets an error on every other table, and other stations wait for this one.
+/// On a cluster (Connection::IsClustered) it is refused before any statement: the lock would hold at one server only,
+/// and two of them can end up waiting for each other for good.
 /// SQL Server ("SQLNCLI" in the string) stores the number through `Query`, other engines directly.
 ///
 /// @param Campo       name of the counter; enters the statements between quotes as it is
 /// @param nErrores    not used
 /// @param Query       statement runner; when null, one is created on `Connection` and stored here
-/// @throws ProviderError  a statement failed; those already run stay in force
+/// @throws ProviderError  kNotSupported on a cluster; a statement failed, those already run stay in force
 /// @throws RuntimeError   94 when the counter is Null; 6 beyond 2,147,483,647: on SQL Server and "MySQL" before the
 ///                        row is changed, elsewhere after it; 91 without a connection
 std::int32_t TraeSiguiente(std::string_view Campo, const data::ConnectionPtr& Connection, const Variant& nErrores,

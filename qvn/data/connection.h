@@ -70,6 +70,10 @@ class Connection final : public Object, public std::enable_shared_from_this<Conn
   /// reports.
   [[nodiscard]] std::string EngineVersion();
 
+  /// True when the engine is one of several that hold the same data, as it said when the connection was made: there a
+  /// table lock keeps out only those who work on the same one. Throws ProviderError kObjectClosed.
+  [[nodiscard]] bool IsClustered() const { return session().isClustered(); }
+
   /// `value` as the engine's literal, for statements that are put together: 'O''Higgins', 12.5, '2012-03-07', NULL. A
   /// Boolean is 1 or 0. Throws ProviderError kObjectClosed, RuntimeError 13 for what no statement can hold.
   [[nodiscard]] std::string Literal(const Variant& value) const;

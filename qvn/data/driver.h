@@ -79,6 +79,10 @@ class Session {
   /// Product and version of the engine behind the session, such as "SQLite 3.40.1". Throws ProviderError.
   [[nodiscard]] virtual std::string engineVersion() = 0;
 
+  /// True when the engine is one of several that hold the same data, where the locks of tables and of names are known
+  /// to one of them only.
+  [[nodiscard]] virtual bool isClustered() const { return false; }
+
   /// `value` as the engine's literal for a column of this type, such as 'O''Higgins', 12.5 or NULL. Numbers have "." as
   /// the separator whatever the regional settings.
   [[nodiscard]] virtual std::string literal(const Variant& value, FieldType type) const = 0;

@@ -35,13 +35,14 @@ inline constexpr std::int32_t kRowHeldNativeError = -1611;
 /// One error of a provider's list.
 struct ErrorItem {
   std::int32_t number = 0;
-  std::string description;
+  std::string description = {};
   std::int32_t nativeError = 0;  ///< the engine's own code
-  std::string sqlState;          ///< five characters, or empty where the engine has none
-  std::string source;            ///< driver and engine
-  std::string helpFile;
+  std::string sqlState = {};     ///< five characters, or empty where the engine has none
+  std::string source = {};       ///< driver and engine
+  std::string helpFile = {};
   std::int32_t helpContext = 0;
-  bool isLockConflict = false;  ///< another session holds what the statement wanted to write
+  bool isLockConflict = false;    ///< another session holds what the statement wanted to write
+  bool isLostConnection = false;  ///< the session is gone; told by drivers that can make it anew
 };
 
 /// A failure of the data-access platform or of the engine behind it. `number()` and `description()` are those of the

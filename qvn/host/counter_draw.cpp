@@ -7,6 +7,8 @@
 
 #include "qvn/base/runtime_error.h"
 #include "qvn/data/engine_family.h"
+#include "qvn/data/transaction.h"
+#include "qvn/host/unit_of_work.h"
 
 namespace qvn::host {
 namespace {
@@ -44,32 +46,6 @@ std::string incrementText(const Counter& counter) {
   }
 }
 
-// Taken back unless it is committed.
-class Transaction {
- public:
-  Transaction(data::Connection& connection, std::string_view opening) : connection_(connection) {
-    connection_.Execute(opening);
-  }
-  ~Transaction() {
-    if (isDone_) return;
-    try {
-      connection_.Execute("ROLLBACK");
-    } catch (const data::ProviderError&) {
-      // The failure on the way here is the one to tell.
-    }
-  }
-  Transaction(const Transaction&) = delete;
-  Transaction& operator=(const Transaction&) = delete;
-  void commit() {
-    connection_.Execute("COMMIT");
-    isDone_ = true;
-  }
-
- private:
-  data::Connection& connection_;
-  bool isDone_ = false;
-};
-
 std::string selectText(const Counter& counter) { return "SELECT consec FROM consec WHERE dato = " + counter.name; }
 
 std::optional<std::int32_t> firstNumber(data::Recordset& rows) {
@@ -82,7 +58,7 @@ std::optional<std::int32_t> firstNumber(data::Recordset& rows) {
 
 // Through ODBC the engine's RETURNING yields nothing, so that the number is read in a transaction instead.
 std::optional<std::int32_t> incrementOnSqlite(const Counter& counter) {
-  Transaction transaction(counter.connection, "BEGIN IMMEDIATE");
+  data::Transaction transaction(counter.connection);
   std::int64_t affected = 0;
   counter.connection.Execute(incrementText(counter), affected);
   if (affected == 0) return std::nullopt;
@@ -116,8 +92,28 @@ std::string insertText(const Counter& counter, std::int32_t number) {
   }
 }
 
+// On a cluster the servers compare what transactions wrote when they end, which a single statement that keeps its
+// number for the session does not wait for: the number counts once COMMIT has been answered.
+std::int32_t drawOnCluster(const Counter& counter) {
+  std::int32_t next = 1;
+  UnitOfWork(counter.connection).run([&] {
+    const auto rows = counter.connection.Execute(selectText(counter) + " FOR UPDATE");
+    if (rows->Eof()) {
+      counter.connection.Execute("INSERT INTO consec (consec, dato) VALUES (1, " + counter.name + ")");
+      next = 1;
+      return;
+    }
+    const std::int32_t current = rows->Fields(0).Value().toLong();
+    rows->Close();
+    if (current == kLastNumber) throw RuntimeError(error_number::kOverflow);
+    next = current + 1;
+    counter.connection.Execute("UPDATE consec SET consec = " + std::to_string(next) + " WHERE dato = " + counter.name);
+  });
+  return next;
+}
+
 bool insertMissing(const Counter& counter, std::int32_t number) {
-  std::optional<Transaction> reservation;
+  std::optional<data::Transaction> reservation;
   if (counter.family == EngineFamily::Firebird) {
     // The engine does not see rows that another station has not committed yet: the whole table is reserved.
     reservation.emplace(counter.connection, "SET TRANSACTION READ COMMITTED RESERVING consec FOR PROTECTED WRITE");
@@ -168,6 +164,7 @@ auto patiently(const data::Connection& connection, Attempt attempt) {
 std::int32_t drawCounter(data::Connection& connection, std::string_view name) {
   const Counter counter = counterOf(connection, name);
   return patiently(connection, [&]() -> std::optional<std::int32_t> {
+    if (connection.IsClustered()) return drawOnCluster(counter);
     if (const auto number = increment(counter)) return number;
     if (insertMissing(counter, 1)) return 1;
     requireMovable(counter);

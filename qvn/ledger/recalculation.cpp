@@ -3,10 +3,10 @@
 #include <optional>
 
 #include "qvn/data/engine_family.h"
+#include "qvn/data/transaction.h"
 #include "qvn/host/require.h"
 #include "qvn/ledger/recalculation_batch.h"
 #include "qvn/ledger/recalculation_statements.h"
-#include "qvn/ledger/recalculation_transaction.h"
 
 namespace qvn::ledger {
 namespace {
@@ -53,7 +53,7 @@ class Recalculation {
   }
 
   [[nodiscard]] Batch readAndWrite(RecalculationStage stage, const KeyRange& range) const {
-    BatchTransaction transaction(connection_, family_);
+    data::Transaction transaction(connection_);
     Batch batch = read(stage, range);
     for (const PendingChange& pending : batch.changes) connection_.Execute(pending.update);
     transaction.commit();

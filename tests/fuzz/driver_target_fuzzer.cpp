@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "qvn/data/drivers/firebird/database_target.h"
-#include "qvn/data/drivers/mysql/server_address.h"
+#include "qvn/data/drivers/mysql/server_list.h"
 #include "qvn/data/drivers/odbc/odbc_target.h"
 #include "qvn/data/provider_error.h"
 
@@ -38,7 +38,11 @@ void resolve(std::string_view text, Resolve shownNameOf) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string text(reinterpret_cast<const char*>(data), size);
-  resolve("MySQL;" + text, [](const ConnectRequest& request) { return mysql::serverAddress(request).quotedName(); });
+  resolve("MySQL;" + text, [](const ConnectRequest& request) {
+    std::string names;
+    for (const mysql::ServerAddress& server : mysql::serverList(request).servers) names += server.quotedName();
+    return names;
+  });
   resolve("Provider=IbOleDb;" + text,
           [](const ConnectRequest& request) { return firebird::databaseTarget(request).quotedName(); });
   for (const char* beginning : {"Provider=SQLNCLI10;Server=s;", "Driver=MariaDB;", "DSN=x;"}) {

@@ -3,11 +3,13 @@
 #include <span>
 #include <utility>
 
-#include "qvn/data/drivers/mysql/mysql_error.h"
 #include "qvn/data/drivers/mysql/mysql_value.h"
 
 namespace qvn::data::mysql {
 namespace {
+
+// States of this class say that the engine has taken the transaction back. Source: ISO/IEC 9075-2.
+constexpr std::string_view kRollbackClass = "40";
 
 std::span<const MYSQL_FIELD> fieldsOf(const ResultHandle& result) {
   return {mysql_fetch_fields(result.get()), mysql_num_fields(result.get())};
@@ -16,7 +18,7 @@ std::span<const MYSQL_FIELD> fieldsOf(const ResultHandle& result) {
 }  // namespace
 
 MysqlCursor::MysqlCursor(MysqlLink& link, ResultHandle result, AnswerWait& wait)
-    : link_(link), result_(std::move(result)) {
+    : link_(link), wasInTransaction_(link.isInTransaction()), result_(std::move(result)) {
   for (const MYSQL_FIELD& field : fieldsOf(result_)) {
     columns_.push_back(describeColumn(field));
     kinds_.push_back(columnKind(field).kind);
@@ -32,9 +34,10 @@ MysqlCursor::MysqlCursor(MysqlLink& link, ResultHandle result, AnswerWait& wait)
 MysqlCursor::~MysqlCursor() {
   if (!isReading()) return;
   result_.reset();
-  // Nobody is left to hear of an error; a broken connection fails the next statement.
-  static_cast<void>(link_.dropFurtherResults());
-  link_.setReader(nullptr);
+  // Nobody is left to hear of an error, unless it is one that the next statement must know; a broken connection fails
+  // that one by itself.
+  finishReading();
+  keepLostTransaction();
 }
 
 std::vector<ColumnOrigin> MysqlCursor::origins() {
@@ -60,6 +63,7 @@ void MysqlCursor::releaseLink() {
   // While rows are on their way there is a current row, which must stay readable.
   for (; hasRow_; take(mysql_fetch_row(result_.get()))) unread_.append(row_);
   hasRow_ = unread_.next(row_);
+  keepLostTransaction();
 }
 
 void MysqlCursor::take(MYSQL_ROW row) {
@@ -77,7 +81,13 @@ void MysqlCursor::take(MYSQL_ROW row) {
 void MysqlCursor::finishReading() {
   const bool isSound = mysql_errno(link_.handle()) == 0 && link_.dropFurtherResults();
   link_.setReader(nullptr);
-  if (!isSound) failure_ = statementError(link_.handle(), link_.serverName());
+  if (!isSound) failure_ = link_.lastError();
+}
+
+void MysqlCursor::keepLostTransaction() {
+  if (wasInTransaction_ && failure_ && failure_->errors().front().sqlState.starts_with(kRollbackClass)) {
+    link_.keepLostTransaction(*failure_);
+  }
 }
 
 }  // namespace qvn::data::mysql

@@ -17,7 +17,8 @@ class MysqlCursor final : public Cursor {
   /// Takes over a result whose rows have not been read, and waits for the first of them. `link` must outlive the
   /// cursor. Throws ProviderError when the engine reports an error instead of the first row.
   MysqlCursor(MysqlLink& link, ResultHandle result, AnswerWait& wait);
-  /// Drops the rows that were not read, so that the connection is free again.
+  /// Drops the rows that were not read, so that the connection is free again. An error behind them that took the
+  /// transaction back is left to the link.
   ~MysqlCursor() override;
   MysqlCursor(const MysqlCursor&) = delete;
   MysqlCursor& operator=(const MysqlCursor&) = delete;
@@ -28,16 +29,19 @@ class MysqlCursor final : public Cursor {
   void read(std::size_t column, Variant& value) override;
 
   /// For the cursor that reads from its link. Brings the rows that are left into memory and frees the connection. An
-  /// error of the engine on the way is kept for the next() that would have met it.
+  /// error of the engine on the way is kept for the next() that would have met it; when it took the transaction back,
+  /// for the link as well.
   void releaseLink();
 
  private:
   // Makes `row` the current one; null ends the rows and finds out why.
   void take(MYSQL_ROW row);
   void finishReading();
+  void keepLostTransaction();
   [[nodiscard]] bool isReading() const { return link_.reader() == this; }
 
   MysqlLink& link_;
+  bool wasInTransaction_;  // when the rows began to come
   ResultHandle result_;
   std::vector<Column> columns_;
   std::vector<ValueKind> kinds_;

@@ -86,8 +86,10 @@ ProviderError statementError(MYSQL* handle, const std::string& server) {
   if (translated != number::kUnspecified) {
     return ProviderError({reportedError(handle, translated, "El servidor MySQL no ejecutó la instrucción")});
   }
-  return ProviderError({reportedError(handle, translated, "Se perdió la conexión con el servidor MySQL " + server,
-                                      "vuelva a conectarse")});
+  ErrorItem item =
+      reportedError(handle, translated, "Se perdió la conexión con el servidor MySQL " + server, "vuelva a conectarse");
+  item.isLostConnection = true;
+  return ProviderError({std::move(item)});
 }
 
 }  // namespace qvn::data::mysql

@@ -5,82 +5,116 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <new>
 
+#include "qvn/data/drivers/mysql/answer_wait.h"
+#include "qvn/data/drivers/mysql/hang_up.h"
 #include "qvn/data/drivers/mysql/keep_alive.h"
 #include "qvn/data/drivers/mysql/mysql_error.h"
+#include "qvn/data/drivers/mysql/mysql_login.h"
 
 namespace qvn::data::mysql {
 namespace {
 
-constexpr const char* kCharset = "utf8mb4";
 // Longest wait for each step of the second connection that cancels a statement.
-constexpr unsigned kCancelSeconds = 5;
-// The library counts milliseconds in an int.
-constexpr std::chrono::seconds kLongestConnect = std::chrono::hours(24);
+constexpr std::chrono::seconds kCancelTimeout{5};
 // Stack of the library's resumable calls, over which a statement waits without blocking in the library.
 constexpr std::size_t kResumableStackBytes = std::size_t{256} * 1024;
 
-ConnectionHandle newHandle() {
-  ConnectionHandle handle(mysql_init(nullptr));
-  if (!handle) throw std::bad_alloc();
-  return handle;
-}
+constexpr std::string_view kClusterQuestion = "SELECT @@wsrep_on = 1 AND @@wsrep_provider <> 'none'";
 
-const char* orNull(const std::string& text) { return text.empty() ? nullptr : text.c_str(); }
-
-bool logIn(MYSQL* handle, const ServerAddress& address, const std::string& database, unsigned timeoutSeconds) {
-  const unsigned no = 0;
-  const my_bool never = 0;
-  mysql_optionsv(handle, MYSQL_SET_CHARSET_NAME, kCharset);
-  mysql_optionsv(handle, MYSQL_OPT_CONNECT_TIMEOUT, &timeoutSeconds);
-  mysql_optionsv(handle, MYSQL_OPT_LOCAL_INFILE, &no);
-  mysql_optionsv(handle, MYSQL_OPT_RECONNECT, &never);
-  if (address.port != 0 && address.socket.empty()) {
-    const unsigned protocol = MYSQL_PROTOCOL_TCP;
-    mysql_optionsv(handle, MYSQL_OPT_PROTOCOL, &protocol);
+// A user who is refused by one server is what people can do something about, so it goes before servers that are down.
+ProviderError noServer(const std::vector<ServerAddress>& tried, std::vector<ErrorItem> failures) {
+  std::ranges::stable_partition(failures,
+                                [](const ErrorItem& item) { return item.number == provider_number::kLoginRefused; });
+  if (tried.size() > 1) {
+    std::string all = "Ninguno de los " + std::to_string(tried.size()) + " servidores aceptó la conexión";
+    for (const ErrorItem& item : failures) all += ". " + item.description;
+    failures.front().description = std::move(all);
   }
-  // A socket path counts for the local host only.
-  const char* const host = address.socket.empty() ? address.host.c_str() : "localhost";
-  return mysql_real_connect(handle, host, orNull(address.user), orNull(address.password), orNull(database),
-                            address.port, orNull(address.socket), CLIENT_FOUND_ROWS) != nullptr;
-}
-
-[[noreturn]] void refuseLogin(MYSQL* handle, const ServerAddress& address) {
-  const std::int32_t number = numberForLogin(mysql_errno(handle));
-  if (number == provider_number::kLoginRefused) {
-    throw ProviderError({reportedError(
-        handle, number, "El servidor MySQL " + address.quotedName() + " no aceptó al usuario «" + address.user + "»",
-        "compruebe el usuario, la contraseña y la base de datos")});
-  }
-  throw ProviderError(
-      {reportedError(handle, number, "No se pudo conectar con el servidor MySQL " + address.quotedName(),
-                     "compruebe que esté en marcha y que los datos de la conexión sean correctos")});
+  return ProviderError(std::move(failures));
 }
 
 }  // namespace
 
-MysqlLink::MysqlLink(ServerAddress address, std::chrono::seconds connectTimeout)
-    : address_(std::move(address)), handle_(newHandle()) {
+MysqlLink::MysqlLink(ServerList list, RandomPtr random) : list_(std::move(list)), random_(std::move(random)) {
+  connectAgain();
+}
+
+void MysqlLink::connectAgain() {
+  const std::vector<ServerAddress> servers = tryOrder(list_, *random_);
+  std::vector<ErrorItem> failures;
+  for (const ServerAddress& server : servers) {
+    try {
+      connectTo(server);
+      return;
+    } catch (const ProviderError& error) {
+      failures.insert(failures.end(), error.errors().begin(), error.errors().end());
+    }
+  }
+  throw noServer(servers, std::move(failures));
+}
+
+void MysqlLink::connectTo(const ServerAddress& address) {
+  isLost_ = true;
+  address_ = address;
+  handle_ = newHandle();
   mysql_optionsv(handle(), MYSQL_OPT_NONBLOCK, &kResumableStackBytes);
-  const auto seconds =
-      static_cast<unsigned>(std::clamp(connectTimeout, std::chrono::seconds::zero(), kLongestConnect).count());
-  if (!logIn(handle(), address_, address_.database, seconds)) refuseLogin(handle(), address_);
+  if (!logIn(handle(), address_, address_.database, list_.connectTimeout)) throw loginError(handle(), address_);
   keepAlive(static_cast<int>(mysql_get_socket(handle())));
+  learnCluster();
+  isLost_ = false;
+  hadTransaction_ = false;
+}
+
+void MysqlLink::learnCluster() {
+  isClustered_ = false;
+  AnswerWait wait(*this, list_.connectTimeout);
+  const int failed = wait.run<int>(
+      [&](int* result) {
+        return mysql_real_query_start(result, handle(), kClusterQuestion.data(), kClusterQuestion.size());
+      },
+      [&](int* result, int events) { return mysql_real_query_cont(result, handle(), events); });
+  if (failed != 0) {
+    const std::int32_t number = numberForStatement(mysql_errno(handle()), mysql_sqlstate(handle()));
+    if (number == provider_number::kUnspecified || wait.timedOut()) throw loginError(handle(), address_);
+    return;  // a server that does not know the word is in no cluster
+  }
+  const ResultHandle answer(mysql_store_result(handle()));
+  const MYSQL_ROW row = answer ? mysql_fetch_row(answer.get()) : nullptr;
+  isClustered_ = row != nullptr && row[0] != nullptr && row[0][0] == '1';
+}
+
+bool MysqlLink::isLost() const noexcept { return isLost_ || hasHungUp(static_cast<int>(mysql_get_socket(handle()))); }
+
+ProviderError MysqlLink::lastError() {
+  ProviderError error = statementError(handle(), address_.quotedName());
+  if (error.number() == provider_number::kUnspecified) isLost_ = true;
+  return error;
 }
 
 bool MysqlLink::cancelStatement() const noexcept {
   const ConnectionHandle second(mysql_init(nullptr));
   if (!second) return false;
-  mysql_optionsv(second.get(), MYSQL_OPT_READ_TIMEOUT, &kCancelSeconds);
-  mysql_optionsv(second.get(), MYSQL_OPT_WRITE_TIMEOUT, &kCancelSeconds);
-  if (!logIn(second.get(), address_, {}, kCancelSeconds)) return false;
+  const auto seconds = static_cast<unsigned>(kCancelTimeout.count());
+  mysql_optionsv(second.get(), MYSQL_OPT_READ_TIMEOUT, &seconds);
+  mysql_optionsv(second.get(), MYSQL_OPT_WRITE_TIMEOUT, &seconds);
+  if (!logIn(second.get(), address_, {}, kCancelTimeout)) return false;
   std::array<char, 40> order{};
   std::snprintf(order.data(), order.size(), "KILL QUERY %lu", mysql_thread_id(handle()));
   return mysql_query(second.get(), order.data()) == 0;
 }
 
 void MysqlLink::breakOff() const noexcept { ::shutdown(mysql_get_socket(handle()), SHUT_RDWR); }
+
+bool MysqlLink::isInTransaction() const noexcept {
+  unsigned status = 0;
+  return mariadb_get_infov(handle(), MARIADB_CONNECTION_SERVER_STATUS, &status) == 0 &&
+         (status & SERVER_STATUS_IN_TRANS) != 0;
+}
+
+void MysqlLink::rememberTransaction() noexcept {
+  if (!isLost_) hadTransaction_ = isInTransaction();
+}
 
 bool MysqlLink::dropFurtherResults() const noexcept {
   while (mysql_more_results(handle()) != 0) {

@@ -1,11 +1,16 @@
-// One open connection to a server, and the cursor whose rows are still on their way on it.
+// One open connection to one of the servers that a connection string names, and the cursor whose rows are still on
+// their way on it.
 #pragma once
 
-#include <chrono>
+#include <optional>
 #include <string>
+#include <utility>
 
+#include "qvn/base/random.h"
 #include "qvn/data/drivers/mysql/handles.h"
 #include "qvn/data/drivers/mysql/server_address.h"
+#include "qvn/data/drivers/mysql/server_list.h"
+#include "qvn/data/provider_error.h"
 
 namespace qvn::data::mysql {
 
@@ -13,11 +18,23 @@ class MysqlCursor;
 
 class MysqlLink {
  public:
-  /// Connects and logs in. Throws ProviderError kLoginRefused or kUnspecified.
-  MysqlLink(ServerAddress address, std::chrono::seconds connectTimeout);
+  /// Connects to the first server that takes the log-in and runs statements. When none does, throws ProviderError with
+  /// one item for each, refused log-ins first: kLoginRefused or kUnspecified.
+  MysqlLink(ServerList list, RandomPtr random);
 
   [[nodiscard]] MYSQL* handle() const { return handle_.get(); }
-  [[nodiscard]] std::string serverName() const { return address_.quotedName(); }
+
+  /// Does the constructor's work anew; the handle is another one then, also when it throws. No cursor may be reading.
+  void connectAgain();
+
+  /// True when the connection is known to be lost: an error said so, or the server has hung up.
+  [[nodiscard]] bool isLost() const noexcept;
+  [[nodiscard]] bool reconnects() const { return list_.reconnects; }
+  /// True when the server is a member of a cluster, as it said when the connection was made.
+  [[nodiscard]] bool isClustered() const { return isClustered_; }
+
+  /// The error that the handle reports for a statement; a lost connection is remembered.
+  [[nodiscard]] ProviderError lastError();
 
   /// Asks the server, over a short second connection, to end the statement that runs on this one. True when the server
   /// took the order; the statement's answer still comes on this connection.
@@ -35,10 +52,36 @@ class MysqlLink {
   [[nodiscard]] MysqlCursor* reader() const { return reader_; }
   void setReader(MysqlCursor* reader) { reader_ = reader; }
 
+  /// True when the server said last that a transaction is open; false on a lost connection.
+  [[nodiscard]] bool isInTransaction() const noexcept;
+  /// To be called before a statement is sent: what is remembered of a transaction while the connection is lost.
+  void rememberTransaction() noexcept;
+  /// True when a transaction was open before the last statement that was sent.
+  [[nodiscard]] bool hadTransaction() const { return hadTransaction_; }
+
+  /// Keeps a failure that took the session's transaction back behind rows that nobody reads any more, for the next
+  /// statement: it would run outside the transaction that the host believes in.
+  void keepLostTransaction(ProviderError failure) { lostTransaction_ = std::move(failure); }
+  /// That failure, once.
+  [[nodiscard]] std::optional<ProviderError> takeLostTransaction() {
+    return std::exchange(lostTransaction_, std::nullopt);
+  }
+
  private:
-  ServerAddress address_;
+  void connectTo(const ServerAddress& address);
+  // Asks whether the server is in a cluster. A member that takes no statements, as one cut off from the others does,
+  // is found in this way.
+  void learnCluster();
+
+  ServerList list_;
+  RandomPtr random_;
+  ServerAddress address_;  // of the server behind the handle
   ConnectionHandle handle_;
+  bool isLost_ = false;
+  bool hadTransaction_ = false;
+  bool isClustered_ = false;
   MysqlCursor* reader_ = nullptr;
+  std::optional<ProviderError> lostTransaction_;
 };
 
 }  // namespace qvn::data::mysql

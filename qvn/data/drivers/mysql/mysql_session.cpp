@@ -1,7 +1,10 @@
 #include "qvn/data/drivers/mysql/mysql_session.h"
 
 #include <algorithm>
+#include <random>
 
+#include "qvn/base/letter_case.h"
+#include "qvn/base/utf8.h"
 #include "qvn/data/drivers/mysql/mysql_cursor.h"
 #include "qvn/data/drivers/mysql/mysql_error.h"
 #include "qvn/data/drivers/mysql/mysql_literal.h"
@@ -21,10 +24,12 @@ ProviderError timeoutError(std::chrono::seconds timeout, std::optional<ErrorItem
   return ProviderError({std::move(item)});
 }
 
+bool isRollback(std::string_view sql) { return equalIgnoringCase(utf8::trimBlanks(sql), "ROLLBACK"); }
+
 }  // namespace
 
 MysqlSession::MysqlSession(const ConnectRequest& request)
-    : link_(serverAddress(request), request.connectTimeout), timeout_(request.commandTimeout) {
+    : link_(serverList(request), pseudoRandom(std::random_device{}())), timeout_(request.commandTimeout) {
   limitLockWait();
 }
 
@@ -45,7 +50,13 @@ void MysqlSession::limitLockWait() {
 }
 
 StatementResult MysqlSession::execute(std::string_view sql) {
-  if (MysqlCursor* const reader = link_.reader()) reader->releaseLink();
+  link_.rememberTransaction();
+  if (MysqlCursor* const reader = link_.reader()) {
+    reader->releaseLink();
+  } else {
+    reopenIfLost(sql);
+  }
+  if (auto lost = link_.takeLostTransaction(); lost && !isRollback(sql)) throw *std::move(lost);
   AnswerWait wait(link_, timeout_);
   StatementResult result;
   std::optional<ErrorItem> reported;
@@ -65,17 +76,24 @@ StatementResult MysqlSession::execute(std::string_view sql) {
   throw timeoutError(timeout_, std::move(reported));
 }
 
+void MysqlSession::reopenIfLost(std::string_view sql) {
+  if (!link_.reconnects() || !link_.isLost()) return;
+  if (link_.hadTransaction() && !isRollback(sql)) return;
+  link_.connectAgain();
+  limitLockWait();
+}
+
 StatementResult MysqlSession::run(std::string_view sql, AnswerWait& wait) {
-  if (!send(sql, wait)) throw lastError();
+  if (!send(sql, wait)) throw link_.lastError();
   StatementResult result;
   if (ResultHandle rows{mysql_use_result(link_.handle())}) {
     result.cursor = std::make_unique<MysqlCursor>(link_, std::move(rows), wait);
     return result;
   }
-  if (mysql_field_count(link_.handle()) != 0) throw lastError();
+  if (mysql_field_count(link_.handle()) != 0) throw link_.lastError();
   result.affectedRows = static_cast<std::int64_t>(mysql_affected_rows(link_.handle()));
   result.insertedNumber = static_cast<std::int64_t>(mysql_insert_id(link_.handle()));
-  if (!link_.dropFurtherResults()) throw lastError();
+  if (!link_.dropFurtherResults()) throw link_.lastError();
   return result;
 }
 
@@ -93,7 +111,5 @@ std::string MysqlSession::engineVersion() {
 std::string MysqlSession::literal(const Variant& value, FieldType type) const {
   return mysql::literal(link_.handle(), value, type);
 }
-
-ProviderError MysqlSession::lastError() const { return statementError(link_.handle(), link_.serverName()); }
 
 }  // namespace qvn::data::mysql

@@ -14,10 +14,13 @@ class MysqlSession final : public Session {
   explicit MysqlSession(const ConnectRequest& request);
 
   /// A statement without rows that the server finished just before it was told to end it is in force, and gives its
-  /// outcome although it took too long.
+  /// outcome although it took too long. Where the connection string says so, a lost connection is made anew before the
+  /// statement is sent, unless rows were on their way on it or a transaction was open: that must be ended with ROLLBACK
+  /// first. A statement is never sent twice.
   StatementResult execute(std::string_view sql) override;
   void setCommandTimeout(std::chrono::seconds timeout) override;
   [[nodiscard]] std::string engineVersion() override;
+  [[nodiscard]] bool isClustered() const override { return link_.isClustered(); }
   [[nodiscard]] std::string literal(const Variant& value, FieldType type) const override;
 
  private:
@@ -28,7 +31,8 @@ class MysqlSession final : public Session {
   StatementResult run(std::string_view sql, AnswerWait& wait);
   // False when the server or the library reports an error.
   [[nodiscard]] bool send(std::string_view sql, AnswerWait& wait);
-  [[nodiscard]] ProviderError lastError() const;
+  // Connects anew where the connection string asks for it and nothing is lost by it.
+  void reopenIfLost(std::string_view sql);
 
   MysqlLink link_;
   std::chrono::seconds timeout_;

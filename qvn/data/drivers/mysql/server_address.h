@@ -1,9 +1,7 @@
-// Where a server is and who logs in, as a connection string tells it.
+// Where a server is and who logs in.
 #pragma once
 
 #include <string>
-
-#include "qvn/data/driver.h"
 
 namespace qvn::data::mysql {
 
@@ -19,7 +17,8 @@ struct ServerAddress {
   [[nodiscard]] std::string quotedName() const;
 };
 
-/// Throws ProviderError kBadConnectionString for a port that is not a number from 1 to 65535.
-ServerAddress serverAddress(const ConnectRequest& request);
+/// A port of a connection string; 0 for "". Throws ProviderError kBadConnectionString for what is not a number from 1
+/// to 65535.
+unsigned parsePort(const std::string& text);
 
 }  // namespace qvn::data::mysql
