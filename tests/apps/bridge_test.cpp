@@ -23,7 +23,7 @@ TEST(Bridge, ExampleClientsSettleADocument) {
     EXPECT_EQ(outcome.out,
               "pregunta: ¿Recalcular el documento 1007?\n"
               "saldo: 3220 P\n"
-              "letra: TRES MIL DOSCIENTOS VEINTE PESOS 00 /100 M.N.\n"
+              "letra: TRES MIL DOSCIENTOS VEINTE PESOS 00/100 M.N.\n"
               "salida: listo\n"
               "error: -2147217865\n");
   }
