@@ -64,7 +64,7 @@ TEST_F(MovilCommand, SaysWhatFailed) {
   expectRun(1, byFolder({"ejecuta", "\\a"}), {"no se pudo arrancar «\\a»"});
   expectRun(1, byLibrary({"lleva", "a", "\\b"}, "full=3000"), {"el dispositivo no aceptó todo «\\b»"});
   EXPECT_EQ(readFile(device_ / "b"), std::string(3000, 'x'));
-  expectRun(1, byLibrary({"trae", "--espera", "0", "\\a", "c"}, "dead-reads"), {"el dispositivo dejó de contestar"});
+  expectRun(1, byLibrary({"trae", "--espera", "1", "\\a", "c"}, "dead-reads"), {"el dispositivo dejó de contestar"});
 }
 
 TEST_F(MovilCommand, StartsProgramsAndTellsTheVersion) {

@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -68,7 +69,7 @@ struct Session {
 };
 
 std::unique_ptr<Session> session;
-bool isUp = false;
+std::atomic<bool> isUp = false;
 
 template <typename... Parts>
 void log(const Parts&... parts) {
@@ -153,9 +154,9 @@ Result CeRapiInitEx(InitRecord* record) {
     record->event = 1 << 20;
     return 0;
   }
-  session->signaller = std::jthread([record, event = session->event] {
-    record->result = session->has("failed") ? -7 : 0;
-    isUp = record->result == 0;
+  session->signaller = std::jthread([record, event = session->event, result = session->has("failed") ? -7 : 0] {
+    record->result = result;
+    isUp = result == 0;
     eventfd_write(event, 1);
   });
   return 0;

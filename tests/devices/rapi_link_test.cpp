@@ -39,6 +39,16 @@ TEST(RapiLink, EndsASessionThatDoesNotComeUp) {
   }
 }
 
+TEST(RapiLink, EndsASessionThatIsStillComingUp) {
+  const test::Pocket pocket;
+  RapiLink link(test::Pocket::library());
+  for (int i = 0; i < 100; ++i) {
+    EXPECT_NE(link.initialise(std::chrono::milliseconds(0)), SessionStart::NotStarted);
+    link.uninitialise();
+    EXPECT_FALSE(link.version().has_value());
+  }
+}
+
 TEST(RapiLink, WaitsAsLongAsItIsTold) {
   using Clock = std::chrono::steady_clock;
   const test::Pocket pocket("no-signal");
