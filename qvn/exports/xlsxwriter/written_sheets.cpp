@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <fstream>
 #include <map>
 #include <memory>
@@ -61,9 +62,11 @@ std::map<int, std::uint64_t> findSheets(std::ifstream& file) {
   std::map<int, std::uint64_t> sheets;
   for (std::string_view left = directory; left.size() >= kEntrySize;) {
     const std::size_t nameSize = number16(left, kEntryNameSize);
-    const std::string name(left.substr(kEntrySize, nameSize));
+    const std::string_view name = left.substr(kEntrySize, nameSize);
     if (name.starts_with(kSheetPrefix)) {
-      sheets[std::stoi(name.substr(kSheetPrefix.size()))] = number32(left, kEntryOffset);
+      int sheet = 0;
+      std::from_chars(name.data() + kSheetPrefix.size(), name.data() + name.size(), sheet);
+      sheets[sheet] = number32(left, kEntryOffset);
     }
     const std::size_t entry =
         kEntrySize + nameSize + number16(left, kEntryExtraSize) + number16(left, kEntryCommentSize);
