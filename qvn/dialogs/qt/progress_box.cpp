@@ -20,6 +20,12 @@ int thousandths(const ProgressState& state) {
   return static_cast<int>(std::clamp(share, 0.0, 1.0) * kWhole);
 }
 
+// It stands alone here.
+QString beginningLarge(QString text) {
+  if (!text.isEmpty()) text[0] = text[0].toUpper();
+  return text;
+}
+
 }  // namespace
 
 ProgressBox::ProgressBox()
@@ -51,7 +57,8 @@ void ProgressBox::display(const ProgressState& state) {
   bar_->setRange(0, state.total > 0 ? kWhole : 0);
   if (state.total > 0) bar_->setValue(thousandths(state));
   bar_->setFormat(QString::number(percentOf(state.done, state.total)) + " %");
-  left_->setText(shownText(isCancelled_ ? kCancelling : timeLeft(state.elapsed, state.done, state.total)));
+  left_->setText(isCancelled_ ? shownText(kCancelling)
+                              : beginningLarge(shownText(timeLeft(state.elapsed, state.done, state.total))));
   cancel_->setVisible(state.canCancel);
 }
 

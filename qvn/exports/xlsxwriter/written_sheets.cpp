@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <fstream>
 #include <map>
 #include <memory>
@@ -14,6 +15,7 @@ namespace {
 
 // Offsets in the records of a ZIP file (APPNOTE 6.3.3, 4.3.7, 4.3.12 and 4.3.16).
 constexpr std::size_t kEndSize = 22;
+constexpr std::string_view kEndSignature = "PK\x05\x06";
 constexpr std::size_t kEndDirectorySize = 12;
 constexpr std::size_t kEndDirectoryOffset = 16;
 constexpr std::size_t kEntrySize = 46;
@@ -54,13 +56,17 @@ std::map<int, std::uint64_t> findSheets(std::ifstream& file) {
   const std::streamoff size = file.tellg();
   if (size < static_cast<std::streamoff>(kEndSize)) return {};
   const std::string end = readAt(file, static_cast<std::uint64_t>(size) - kEndSize, kEndSize);
+  // What is no end record would have us read as much as 32 bits count.
+  if (!end.starts_with(kEndSignature) || number32(end, kEndDirectorySize) > static_cast<std::uint64_t>(size)) return {};
   const std::string directory = readAt(file, number32(end, kEndDirectoryOffset), number32(end, kEndDirectorySize));
   std::map<int, std::uint64_t> sheets;
   for (std::string_view left = directory; left.size() >= kEntrySize;) {
     const std::size_t nameSize = number16(left, kEntryNameSize);
-    const std::string name(left.substr(kEntrySize, nameSize));
+    const std::string_view name = left.substr(kEntrySize, nameSize);
     if (name.starts_with(kSheetPrefix)) {
-      sheets[std::stoi(name.substr(kSheetPrefix.size()))] = number32(left, kEntryOffset);
+      int sheet = 0;
+      std::from_chars(name.data() + kSheetPrefix.size(), name.data() + name.size(), sheet);
+      sheets[sheet] = number32(left, kEntryOffset);
     }
     const std::size_t entry =
         kEntrySize + nameSize + number16(left, kEntryExtraSize) + number16(left, kEntryCommentSize);

@@ -26,7 +26,7 @@ TEST(QtProgress, ShowsTextsBarAndTimeLeft) {
   ASSERT_NE(window, nullptr);
   EXPECT_EQ(window->windowTitle(), "Exportación");
   EXPECT_EQ(labelText(*window, "lblMensaje"), "<b>clients</b>");
-  EXPECT_EQ(labelText(*window, "lblFaltan"), "faltan 0:30");
+  EXPECT_EQ(labelText(*window, "lblFaltan"), "Faltan 0:30");
   const auto* const bar = window->findChild<QProgressBar*>();
   EXPECT_EQ(bar->text(), "50 %");
   EXPECT_EQ(bar->value() * 2, bar->maximum());
