@@ -4,12 +4,12 @@
 #include <vector>
 
 #include "qvn/data/provider_error.h"
+#include "qvn/host/replaced_file.h"
 #include "qvn/mysqladmin/dump_file.h"
 #include "qvn/mysqladmin/dump_formats.h"
 #include "qvn/mysqladmin/dump_writer.h"
 #include "qvn/mysqladmin/faithful_rows.h"
 #include "qvn/mysqladmin/product.h"
-#include "qvn/mysqladmin/replaced_file.h"
 #include "qvn/mysqladmin/schema.h"
 #include "qvn/mysqladmin/session_settings.h"
 
@@ -169,7 +169,7 @@ BackupReport backupFaithfully(std::string_view path, const data::ConnectionPtr& 
     throw RuntimeError(error_number::kInvalidCall,
                        "La conexión no tiene base de datos que respaldar; indíquela con DATABASE=");
   }
-  ReplacedFile file(path);
+  host::ReplacedFile file(path);
   BackupReport report;
   DumpWriter writer(compressedFor(path, createDumpFile(file.name())));
   FaithfulDump(writer, connection, settings.database(), observe, report).write(clock);

@@ -6,7 +6,6 @@
 
 #include "qvn/mysqladmin/dump_file.h"
 #include "qvn/mysqladmin/dump_formats.h"
-#include "qvn/mysqladmin/replaced_file.h"
 #include "tests/mysqladmin/shop_server.h"
 #include "tests/support/error_of.h"
 
@@ -110,23 +109,6 @@ TEST(DumpFiles, SayWhyTheyCannotBe) {
   }
   EXPECT_EQ(test::errorNumber([&] { get(folder.path("nada.sql"), 10); }), error_number::kFileNotFound);
   EXPECT_EQ(test::errorNumber([&] { get(folder.path("."), 10); }), error_number::kPermissionDenied);
-}
-
-TEST(ReplacedFile, LeavesTheOlderOneUntilItIsComplete) {
-  const test::ScratchFolder folder;
-  folder.put("older");
-  {
-    const ReplacedFile file(folder.path());
-    put(file.name(), "new");
-    EXPECT_EQ(test::contentsOf(folder.path()), "older");
-  }
-  EXPECT_EQ(folder.fileCount(), 1);
-  ReplacedFile file(folder.path());
-  put(file.name(), "new");
-  file.publish();
-  EXPECT_EQ(test::contentsOf(folder.path()), "new");
-  EXPECT_EQ(folder.fileCount(), 1);
-  EXPECT_EQ(ReplacedFile("/dev/null").name(), "/dev/null");
 }
 
 }  // namespace

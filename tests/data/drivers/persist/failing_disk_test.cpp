@@ -1,35 +1,13 @@
 // Saving where the system refuses: what it is called, and that nothing stays behind.
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-
-#include <csignal>
 
 #include "qvn/data/drivers/persist/new_file.h"
 #include "tests/data/drivers/persist/given_rows.h"
+#include "tests/support/file_size_limit.h"
 #include "tests/support/scratch_folder.h"
 
 namespace qvn::data {
 namespace {
-
-// Files of this process grow no further than this while it lives.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) : formerAction_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &former_);
-    const rlimit limit{bytes, former_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &former_);
-    std::signal(SIGXFSZ, formerAction_);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
- private:
-  void (*formerAction_)(int);
-  rlimit former_{};
-};
 
 struct Failure {
   std::int32_t number = 0;
@@ -57,7 +35,7 @@ TEST(FailingDisk, LeavesNothingBehindWhereverItFails) {
     Failure failure;
     testing::internal::CaptureStderr();
     {
-      const FileSizeLimit guard(limit);
+      const test::FileSizeLimit guard(limit);
       failure = save(folder.path(), kRows);
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");

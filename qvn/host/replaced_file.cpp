@@ -1,9 +1,16 @@
-#include "qvn/mysqladmin/replaced_file.h"
+#include "qvn/host/replaced_file.h"
 
 #include "qvn/base/path.h"
 #include "qvn/host/file_error.h"
 
-namespace qvn::mysqladmin {
+namespace qvn::host {
+namespace {
+
+RuntimeError refusal(const std::error_code& code, const std::filesystem::path& path) {
+  return fileError(code, {.verb = "reemplazar el archivo", .path = path.string()});
+}
+
+}  // namespace
 
 ReplacedFile::ReplacedFile(std::string_view path) : path_(hostPath(path)), written_(path_) {
   std::error_code ignored;  // what cannot be looked at cannot be opened either, which says so
@@ -20,8 +27,16 @@ void ReplacedFile::publish() {
   if (!isPending_) return;
   std::error_code code;
   std::filesystem::rename(written_, path_, code);
-  if (code) throw host::fileError(code, {.verb = "reemplazar el archivo", .path = path_.string()});
+  if (code) throw refusal(code, path_);
   isPending_ = false;
 }
 
-}  // namespace qvn::mysqladmin
+void ReplacedFile::publishNew() {
+  // A link is refused where a renaming would take the place of another's file. Not every file system has links.
+  std::error_code code;
+  std::filesystem::create_hard_link(written_, path_, code);
+  if (code == std::errc::file_exists) throw refusal(code, path_);
+  if (code) publish();
+}
+
+}  // namespace qvn::host
