@@ -1,6 +1,6 @@
 #include "qvn/reports/html_sink.h"
 
-#include <algorithm>
+#include <string_view>
 
 namespace qvn::reports {
 namespace {
@@ -139,8 +139,7 @@ void HtmlSink::addCells(const ReportLine& line, std::size_t first) {
 
 // The caption takes the place of the columns before the first sum, or a row of its own when there are none.
 void HtmlSink::addSums(const ReportLine& line) {
-  const auto sum = std::ranges::find_if(line.cells, [](const ReportCell& cell) { return !cell.text.empty(); });
-  const auto first = static_cast<std::size_t>(sum - line.cells.begin());
+  const std::size_t first = firstNumber(line);
   addCaption(line, first == 0 ? head_.columns.size() : first);
   if (first == 0) text_.append("</tr>\n").append(rowTag(line.kind));
   addCells(line, first);

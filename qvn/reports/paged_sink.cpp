@@ -17,8 +17,6 @@ constexpr std::size_t kPageNumberWidth = 14;
 // A blank line, the caption of a sum, the rule above it and the sum.
 constexpr std::size_t kFewestBodyLines = 4;
 
-bool isSum(Kind kind) { return kind == Kind::Subtotal || kind == Kind::Total; }
-
 }  // namespace
 
 void PagedSink::begin(const ReportHead& head) {
@@ -41,23 +39,37 @@ void PagedSink::beginPage() {
   canvas_->beginPage();
   ++pageNumber_;
   line_ = 0;
-  const bool isNumbered = size_.lines != 0;
-  const std::size_t titleWidth = size_.columns - (isNumbered ? std::min(size_.columns, kPageNumberWidth) : 0);
+  putTitles();
+  ++line_;
+  putHeadings();
+  bodyStart_ = line_;
+  if (size_.lines != 0 && size_.lines < bodyStart_ + kFewestBodyLines) {
+    throw RuntimeError(error_number::kInvalidCall, "En la página del informe caben " + std::to_string(size_.lines) +
+                                                       " renglones y hacen falta " +
+                                                       std::to_string(bodyStart_ + kFewestBodyLines));
+  }
+}
+
+void PagedSink::putTitles() {
+  const std::size_t numberWidth = size_.lines == 0 ? 0 : std::min(size_.columns, kPageNumberWidth);
+  const std::size_t titleWidth = size_.columns - numberWidth;
   canvas_->put(PlacedText{.text = head_.title, .line = line_, .width = titleWidth, .look = TextLook::Title});
-  if (isNumbered) {
-    canvas_->put(PlacedText{.text = "Página " + std::to_string(pageNumber_),
+  const std::string number = "Página " + std::to_string(pageNumber_);
+  if (numberWidth != 0) {
+    canvas_->put(PlacedText{.text = number,
                             .line = line_,
                             .at = titleWidth,
-                            .width = size_.columns - titleWidth,
+                            .width = numberWidth,
                             .alignment = Alignment::Right,
                             .look = TextLook::PageNumber});
   }
   ++line_;
-  if (!head_.subtitle.empty()) {
-    canvas_->put(
-        PlacedText{.text = head_.subtitle, .line = line_++, .width = size_.columns, .look = TextLook::Subtitle});
-  }
+  if (head_.subtitle.empty()) return;
+  canvas_->put(PlacedText{.text = head_.subtitle, .line = line_, .width = size_.columns, .look = TextLook::Subtitle});
   ++line_;
+}
+
+void PagedSink::putHeadings() {
   for (std::size_t i = 0; i < starts_.size(); ++i) {
     const HeadColumn& column = head_.columns[i];
     canvas_->put(PlacedText{.text = column.heading,
@@ -71,12 +83,7 @@ void PagedSink::beginPage() {
   for (std::size_t i = 0; i < starts_.size(); ++i) {
     canvas_->put(PlacedRule{.line = line_, .at = starts_[i], .width = head_.columns[i].width});
   }
-  bodyStart_ = ++line_;
-  if (isNumbered && size_.lines < bodyStart_ + kFewestBodyLines) {
-    throw RuntimeError(error_number::kInvalidCall, "En la página del informe caben " + std::to_string(size_.lines) +
-                                                       " renglones y hacen falta " +
-                                                       std::to_string(bodyStart_ + kFewestBodyLines));
-  }
+  ++line_;
 }
 
 void PagedSink::makeRoom(std::size_t lines) {
@@ -145,9 +152,9 @@ void PagedSink::showRow(const ReportLine& line) {
 
 // Characters that a caption may take to the left of the sums.
 std::size_t PagedSink::roomBeforeSums(const ReportLine& line) const {
-  const auto first = std::ranges::find_if(line.cells, [](const ReportCell& cell) { return !cell.text.empty(); });
-  const std::size_t start = starts_[static_cast<std::size_t>(first - line.cells.begin())];
-  return start < kGap ? 0 : start - kGap;
+  const std::size_t first = firstNumber(line);
+  if (first == line.cells.size()) return size_.columns;
+  return first == 0 ? 0 : starts_[first] - kGap;
 }
 
 void PagedSink::showSums(const ReportLine& line) {
@@ -167,7 +174,7 @@ void PagedSink::showSums(const ReportLine& line) {
 
 void PagedSink::showSumRules(const ReportLine& line) {
   for (std::size_t i = 0; i < line.cells.size(); ++i) {
-    if (line.cells[i].text.empty()) continue;
+    if (!line.cells[i].isNumber) continue;
     canvas_->put(PlacedRule{.line = line_,
                             .at = starts_[i],
                             .width = head_.columns[i].width,

@@ -25,6 +25,8 @@ class PagedSink final : public ReportSink {
  private:
   void placeColumns();
   void beginPage();
+  void putTitles();
+  void putHeadings();
   void makeRoom(std::size_t lines);
   void showCaptions();
   void showRow(const ReportLine& line);

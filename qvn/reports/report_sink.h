@@ -1,6 +1,7 @@
 // The seam between a report and what shows it: one line after another, each once.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -37,8 +38,14 @@ struct ReportLine {
   Kind kind = Kind::Row;
   std::size_t level = 0;  ///< of a group, from 0 for the outermost
   std::string caption;
-  std::vector<ReportCell> cells;  ///< one for each column; those without a sum are empty in subtotals and totals
+  std::vector<ReportCell> cells;  ///< one for each column; in subtotals and totals only sums are numbers
 };
+
+/// The first column with a number; the number of cells when there is none.
+inline std::size_t firstNumber(const ReportLine& line) {
+  const auto found = std::ranges::find_if(line.cells, &ReportCell::isNumber);
+  return static_cast<std::size_t>(found - line.cells.begin());
+}
 
 /// Texts are UTF-8 without line ends or other control characters. Everything throws RuntimeError when the system
 /// refuses to write; then only drop() is of use.
