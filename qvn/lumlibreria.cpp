@@ -193,13 +193,15 @@ std::shared_ptr<host::FileSystemObject> LumLibreria::NewFso() const {
 host::QueryPtr LumLibreria::NewQuery() const { return std::make_shared<host::Query>(); }
 std::shared_ptr<host::Collection> LumLibreria::NewCollection() const { return std::make_shared<host::Collection>(); }
 data::ConnectionPtr LumLibreria::NewSQLite() const {
-  std::shared_ptr<system::Ping> LumLibreria::NewPing() const { return std::make_shared<system::Ping>(); }
-  std::shared_ptr<devices::QvnMobile> LumLibreria::NewMobile() const {
-    return std::make_shared<devices::QvnMobile>(devices::deviceLink());
-  }
   auto connection = data::Connection::create();
   connection->setConnectionString("Provider=SQLite;");
   return connection;
+}
+exports::SpreadsheetExportPtr LumLibreria::NewExcel() const { return std::make_shared<exports::SpreadsheetExport>(); }
+std::shared_ptr<dialogs::Progress> LumLibreria::NewProgress() const { return std::make_shared<dialogs::Progress>(); }
+std::shared_ptr<system::Ping> LumLibreria::NewPing() const { return std::make_shared<system::Ping>(); }
+std::shared_ptr<devices::QvnMobile> LumLibreria::NewMobile() const {
+  return std::make_shared<devices::QvnMobile>(devices::deviceLink());
 }
 
 std::string LumLibreria::SeparadorDecimal() const { return text::SeparadorDecimal(); }

@@ -26,6 +26,8 @@
 #include "qvn/data/connection.h"
 #include "qvn/devices/qvn_mobile.h"
 #include "qvn/dialogs/dialogs.h"
+#include "qvn/dialogs/progress.h"
+#include "qvn/exports/spreadsheet.h"
 #include "qvn/host/ambiente.h"
 #include "qvn/host/collection.h"
 #include "qvn/host/file_system_object.h"
@@ -138,6 +140,9 @@ class LumLibreria {
   std::shared_ptr<host::Collection> NewCollection() const;
   /// A closed connection to the embedded engine; the host adds "Data Source=..." and opens it.
   ConnectionPtr NewSQLite() const;
+  /// Files come from the adapter that the host links (qvn::exports_xlsxwriter).
+  exports::SpreadsheetExportPtr NewExcel() const;
+  std::shared_ptr<dialogs::Progress> NewProgress() const;
   std::shared_ptr<system::Ping> NewPing() const;
   /// On the link of this process; see qvn/devices/links/process_link.h.
   std::shared_ptr<devices::QvnMobile> NewMobile() const;

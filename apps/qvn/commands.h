@@ -22,6 +22,7 @@ extern const Command kRespaldaCommand;
 extern const Command kRestauraCommand;
 extern const Command kReparaCommand;
 extern const Command kSqlCommand;
+extern const Command kExportaCommand;
 extern const Command kFilaCommand;
 extern const Command kConexionCommand;
 extern const Command kFormatoCommand;

@@ -52,7 +52,8 @@ std::string readStandardInput();
 /// True when a person would have to type the standard input.
 bool isInputTerminal();
 
-/// From here on, writing to a reader that went away is an error of that write and does not end the process. Programs
+/// From here on, writing to a reader that went away, or beyond what the system lets a file grow to, is an error of that
+/// write and does not end the process. Programs
 /// that this one starts are not affected.
 void surviveBrokenPipes();
 

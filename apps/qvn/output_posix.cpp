@@ -82,6 +82,8 @@ void surviveBrokenPipes() {
   action.sa_handler = [](int) {};
   action.sa_flags = SA_RESTART;
   ::sigaction(SIGPIPE, &action, nullptr);
+  // Likewise a file that may not grow any more.
+  ::sigaction(SIGXFSZ, &action, nullptr);
 }
 
 }  // namespace qvn::cli

@@ -9,9 +9,6 @@
 
 namespace qvn::cli {
 
-/// "documentos de clientes  [██████░░░░░░░░░░░░░░]  31 %", written anew when the percentage changes.
-std::string progressLine(std::string_view label, std::int64_t done, std::int64_t total);
-
 /// Says nothing where `messages` is no terminal, or when `isWanted` is false.
 class ProgressBar {
  public:
@@ -21,6 +18,8 @@ class ProgressBar {
   ProgressBar& operator=(const ProgressBar&) = delete;
 
   void show(std::string_view label, std::int64_t done, std::int64_t total);
+  /// A line without a bar, where nobody knows the total.
+  void show(std::string line);
   /// Removes the line, so that others can be written in its place.
   void clear();
 

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdio>
 
 #include "apps/qvn/interruption.h"
 #include "apps/qvn/terminal_text.h"
+#include "qvn/dialogs/progress_text.h"
 
 namespace qvn::cli {
 namespace {
@@ -21,12 +21,9 @@ std::string transferLabel(const mysqladmin::TransferProgress& at, std::chrono::d
   const double seconds = std::max(elapsed.count(), 0.001);
   std::array<char, 64> text{};
   std::snprintf(text.data(), text.size(), ", %.1f MB/s", static_cast<double>(at.bytes) / seconds / kMegabyte);
-  std::string label = safeText(at.table, kNameColumns) + text.data();
-  if (at.done <= 0 || at.total <= 0 || seconds < 1) return label;
-  const double share = std::min(static_cast<double>(at.done) / static_cast<double>(at.total), 1.0);
-  const int left = static_cast<int>(std::lround(std::min(seconds / share - seconds, 359999.0)));
-  std::snprintf(text.data(), text.size(), ", faltan %d:%02d", left / 60, left % 60);
-  return label + text.data();
+  const std::string label = safeText(at.table, kNameColumns) + text.data();
+  const std::string left = dialogs::timeLeft(elapsed, at.done, at.total);
+  return left.empty() ? label : label + ", " + left;
 }
 
 void TransferBar::show(const mysqladmin::TransferProgress& at) {

@@ -8,7 +8,7 @@
 #include <fstream>
 #include <string>
 
-#include "bench/mysqladmin/child_program.h"
+#include "bench/support/child_program.h"
 #include "bench/mysqladmin/shop_of_a_million.h"
 #include "bench/support/mysql_peer.h"
 #include "bench/support/peer_report.h"

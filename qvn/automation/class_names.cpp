@@ -17,24 +17,16 @@ constexpr NamedClass named() {
 }
 
 constexpr auto kClasses = std::to_array<NamedClass>({
-    named<data::Connection>(),
-    named<data::Recordset>(),
-    named<host::Ambiente>(),
-    named<host::Query>(),
-    named<host::StatementBuilder>(),
-    named<host::Collection>(),
-    named<host::TextBox>(),
-    named<host::FileSystemObject>(),
-    named<host::TextStream>(),
-    named<host::PendingStatementsHost>(),
-    named<host::PendingStatement>(),
-    named<rowtext::WsField>(),
-    named<rowtext::TextData>(),
-    named<barcode::Picture>(),
-    named<CanvasObject>(),
-    named<system::DOSOutputs>(),
-    named<system::Ping>(),
-    named<devices::QvnMobile>(),
+    named<data::Connection>(),       named<data::Recordset>(),
+    named<host::Ambiente>(),         named<host::Query>(),
+    named<host::StatementBuilder>(), named<host::Collection>(),
+    named<host::TextBox>(),          named<host::FileSystemObject>(),
+    named<host::TextStream>(),       named<host::PendingStatementsHost>(),
+    named<host::PendingStatement>(), named<rowtext::WsField>(),
+    named<rowtext::TextData>(),      named<barcode::Picture>(),
+    named<CanvasObject>(),           named<system::DOSOutputs>(),
+    named<system::Ping>(),           named<exports::SpreadsheetExport>(),
+    named<dialogs::Progress>(),      named<devices::QvnMobile>(),
 });
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include "qvn/barcode/picture.h"
 #include "qvn/data/connection.h"
 #include "qvn/devices/qvn_mobile.h"
+#include "qvn/dialogs/progress.h"
+#include "qvn/exports/spreadsheet.h"
 #include "qvn/host/ambiente.h"
 #include "qvn/host/collection.h"
 #include "qvn/host/file_system_object.h"
@@ -61,6 +63,10 @@ template <>
 inline constexpr std::string_view kClassName<system::DOSOutputs> = "DOSOutputs";
 template <>
 inline constexpr std::string_view kClassName<system::Ping> = "Ping";
+template <>
+inline constexpr std::string_view kClassName<exports::SpreadsheetExport> = "Excel";
+template <>
+inline constexpr std::string_view kClassName<dialogs::Progress> = "Progress";
 template <>
 inline constexpr std::string_view kClassName<devices::QvnMobile> = "QvnMobile";
 

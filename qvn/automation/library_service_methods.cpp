@@ -4,6 +4,28 @@
 namespace qvn::automation {
 namespace {
 
+// Tells the host how far something has come.
+class BridgedProgress final : public dialogs::ProgressView {
+ public:
+  explicit BridgedProgress(const Session& session) : session_(session) {}
+
+  bool show(const dialogs::ProgressState& state) override {
+    Json event = textEvent("ProgressState", state.text);
+    event.add("title", toJson(state.title));
+    event.add("done", state.done);
+    event.add("total", state.total);
+    session_.conversation.tell(event);
+    return false;
+  }
+
+ private:
+  const Session& session_;
+};
+
+std::shared_ptr<dialogs::Progress> newProgress(const Session& session) {
+  return std::make_shared<dialogs::Progress>([&session] { return std::make_unique<BridgedProgress>(session); });
+}
+
 // With the events told to the host.
 std::shared_ptr<system::Ping> newPing(const Session& session) {
   auto ping = session.library.NewPing();
@@ -87,6 +109,8 @@ std::vector<Section> serviceSections() {
            method<&LumLibreria::NewQuery>("NewQuery"),
            method<&LumLibreria::NewCollection>("NewCollection"),
            method<&LumLibreria::NewSQLite>("NewSQLite"),
+           method<&LumLibreria::NewExcel>("NewExcel"),
+           method<&newProgress>("NewProgress"),
            method<&newPing>("NewPing"),
            method<&LumLibreria::NewMobile>("NewMobile"),
        }},

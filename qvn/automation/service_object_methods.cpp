@@ -10,6 +10,8 @@ namespace {
 using barcode::odenBarcode;
 using barcode::Picture;
 using devices::QvnMobile;
+using dialogs::Progress;
+using exports::SpreadsheetExport;
 using system::DOSOutputs;
 using system::Ping;
 
@@ -49,6 +51,23 @@ void drawEan8(const Session& session, CanvasObject& canvas, std::int16_t zBarH, 
   odenBarcode(*session.dialogs).EAN8(canvas.canvas(), zBarH, BarText, HasCaption);
 }
 
+void openWorkbook(SpreadsheetExport& excel, std::string_view path, bool replaces) {
+  using OnExisting = SpreadsheetExport::OnExisting;
+  excel.Open(path, replaces ? OnExisting::Replace : OnExisting::Refuse);
+}
+bool addSheet(SpreadsheetExport& excel, const data::RecordsetPtr& rows, std::string name,
+              std::vector<exports::ColumnSettings> columns) {
+  return excel.AddSheet(rows, {.name = std::move(name), .columns = std::move(columns)});
+}
+Json reportOf(SpreadsheetExport& excel) {
+  Json report = Json::object();
+  report.add("rows", excel.Report().rows);
+  report.add("sheets", excel.Report().sheets);
+  report.add("forcedTexts", excel.Report().forcedTexts);
+  report.add("cutTexts", excel.Report().cutTexts);
+  return report;
+}
+
 std::int32_t widthOf(Picture& picture) { return picture.drawing().width; }
 std::int32_t heightOf(Picture& picture) { return picture.drawing().height; }
 
@@ -67,6 +86,24 @@ std::vector<Section> serviceObjectSections() {
            method<&DOSOutputs::ExecuteToFile>("DOSOutputs.ExecuteToFile", "this", "CommandLine", "fileName",
                                               "strError=\"\""),
            method<&DOSOutputs::OutLine>("DOSOutputs.OutLine", "this", "fileName", "text"),
+       }},
+      {"Objects: workbooks and progress",
+       {"qvn/exports/spreadsheet.h", "qvn/dialogs/progress.h"},
+       {
+           method<&openWorkbook>("Excel.Open", "this", "Path", "Replace=false"),
+           method<&addSheet>("Excel.AddSheet", "this", "Rows", "Name=\"\"", "Columns=[]"),
+           method<&SpreadsheetExport::Close>("Excel.Close", "this"),
+           method<&SpreadsheetExport::Cancel>("Excel.Cancel", "this"),
+           method<&reportOf>("Excel.Report", "this"),
+           method<&Progress::setTitle>("Progress.SetTitle", "this", "Title"),
+           method<&Progress::setText>("Progress.SetText", "this", "Text"),
+           method<&Progress::setTotal>("Progress.SetTotal", "this", "Total"),
+           method<&Progress::Show>("Progress.Show", "this"),
+           method<&Progress::Step>("Progress.Step", "this", "Count=1"),
+           method<&Progress::MoveTo>("Progress.MoveTo", "this", "Done"),
+           method<&Progress::Done>("Progress.Done", "this"),
+           method<&Progress::Total>("Progress.Total", "this"),
+           method<&Progress::Hide>("Progress.Hide", "this"),
        }},
       {"Objects: the network",
        {"qvn/system/ping.h"},

@@ -44,6 +44,27 @@ text::SortDirection Travel<text::SortDirection>::read(const Json& value, const S
   throw RuntimeError(error_number::kInvalidCall, "el orden es 0 (ascendente) o 1 (descendente)");
 }
 
+exports::ColumnSettings Travel<exports::ColumnSettings>::read(const Json& value, const Session& session) {
+  if (!value.isObject()) refuseKind("un objeto con «field» y lo que se cambia de la columna", value);
+  exports::ColumnSettings column;
+  for (const Json::Member& member : *value.members()) {
+    if (member.name == "field") {
+      column.field = Travel<std::string>::read(member.value, session);
+    } else if (member.name == "title") {
+      column.title = Travel<std::string>::read(member.value, session);
+    } else if (member.name == "format") {
+      column.format = Travel<std::string>::read(member.value, session);
+    } else if (member.name == "width") {
+      column.width = Travel<double>::read(member.value, session);
+    } else if (member.name == "total") {
+      column.isTotalled = Travel<bool>::read(member.value, session);
+    } else {
+      throw RuntimeError(error_number::kNoSuchArgument, "una columna no tiene «" + member.name + "»");
+    }
+  }
+  return column;
+}
+
 Json Travel<mysqladmin::BackupReport>::write(const mysqladmin::BackupReport& report, const Session& /*session*/) {
   Json skipped = Json::array();
   for (const mysqladmin::SkippedStep& step : report.skipped) {

@@ -13,6 +13,7 @@
 #include "qvn/automation/session.h"
 #include "qvn/automation/values.h"
 #include "qvn/base/runtime_error.h"
+#include "qvn/exports/sheet_settings.h"
 #include "qvn/mysqladmin/backup_report.h"
 #include "qvn/mysqladmin/database_restore.h"
 #include "qvn/text/shell_sort.h"
@@ -86,6 +87,13 @@ template <>
 struct Travel<text::SortDirection> {
   static std::string name() { return "SortDirection"; }
   static text::SortDirection read(const Json& value, const Session& session);
+};
+
+/// {"field":"importe","title":"Importe","format":"#,##0.00","width":14,"total":true}; all but the field may be missing.
+template <>
+struct Travel<exports::ColumnSettings> {
+  static std::string name() { return "Column"; }
+  static exports::ColumnSettings read(const Json& value, const Session& session);
 };
 
 /// What is put together for the host as it is.

@@ -10,6 +10,8 @@ inline constexpr std::string_view kMessageCaption = "Mensaje";
 inline constexpr std::string_view kQuestionCaption = "Pregunta";
 inline constexpr std::string_view kChoiceCaption = "Que hacer";
 inline constexpr std::string_view kProgressCaption = "Reparando";
+inline constexpr std::string_view kWorkCaption = "Espere un momento";
+inline constexpr std::string_view kCancelling = "Cancelando...";
 inline constexpr std::string_view kEntryCaption = "Quorvin POS";
 
 inline constexpr std::string_view kAccept = "&Aceptar";

@@ -59,13 +59,17 @@ TEST(PingCommand, EndsWith1WithoutAReply) {
   });
 }
 
-// Interrupts an endless one, which writes to the file "out", once a reply has been written there; usually in the wait
-// for the second one.
-Outcome interruptedPing(const TempFolder& folder) {
+// What an endless one writes that is interrupted once a reply is there, usually in the wait for the second one.
+std::string interruptedPing() {
   constexpr const char* kInterrupt =
       "\"$0\" ping -n 0 -i 0 127.0.0.1 > out & "
       "until grep -q respuesta out; do sleep 0.02; done; kill -INT $!; wait $!";
-  return run({.arguments = {"-c", kInterrupt, QVN_PROGRAM}, .folder = folder.path(), .program = "/bin/sh"});
+  const TempFolder folder;
+  const Outcome outcome =
+      run({.arguments = {"-c", kInterrupt, QVN_PROGRAM}, .folder = folder.path(), .program = "/bin/sh"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  return readFile(folder.path() / "out");
 }
 
 TEST(PingCommand, CtrlCEndsItWithItsStatistics) {
@@ -75,13 +79,9 @@ TEST(PingCommand, CtrlCEndsItWithItsStatistics) {
     const EchoResponder onlyTheFirst([&requests](const PacketBytes& request) {
       return ++requests == 1 ? std::vector<Answer>{{replyTo(request)}} : std::vector<Answer>{};
     });
-    const TempFolder folder;
     const auto start = Clock::now();
-    const Outcome outcome = interruptedPing(folder);
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.err, "");
+    const std::string out = interruptedPing();
     EXPECT_LT(Clock::now() - start, milliseconds(5000));
-    const std::string out = readFile(folder.path() / "out");
     expectHolds(out, {"\n1: respuesta en ", "\n1 enviado, 1 recibido, 0 % perdido\n"});
     EXPECT_EQ(out.find("\n2: "), std::string::npos) << out;
   });

@@ -4,7 +4,6 @@
 #include <csignal>
 
 #include "apps/qvn/interruption.h"
-#include "apps/qvn/progress_bar.h"
 #include "tests/apps/run_program.h"
 #include "tests/support/test_database.h"
 
@@ -144,13 +143,6 @@ TEST(Recalculate, OnlyTheFirstSignalIsRemembered) {
   std::raise(SIGINT);
   EXPECT_TRUE(cli::Interruption::isRequested());
   EXPECT_EXIT(std::raise(SIGINT), testing::KilledBySignal(SIGINT), "");
-}
-
-TEST(Recalculate, ProgressIsALine) {
-  EXPECT_EQ(cli::progressLine("totales", 0, 3), "totales  [░░░░░░░░░░░░░░░░░░░░]  0 %");
-  EXPECT_EQ(cli::progressLine("totales", 1, 3), "totales  [██████░░░░░░░░░░░░░░]  33 %");
-  EXPECT_EQ(cli::progressLine("totales", 3, 3), "totales  [████████████████████]  100 %");
-  EXPECT_EQ(cli::progressLine("totales", 0, 0), "totales  [████████████████████]  100 %");
 }
 
 }  // namespace

@@ -61,6 +61,7 @@ TEST(RapiLink, ComesUpAfterAFailedSession) {
   EXPECT_EQ(ce.Version(), "5.1.1700 Edición 2");
   ce.Disconnect();
   ce.Disconnect();
+  EXPECT_FALSE(ce.ExistFileOnPocket("a"));  // does not reach the library
   EXPECT_EQ(pocket.calls(), (Calls{"CeRapiInitEx 12", "CeRapiInitEx 12", "CeRapiUninit"}));
 }
 

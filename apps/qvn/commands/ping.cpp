@@ -48,8 +48,8 @@ constexpr std::string_view kUsualWait = "10";
 constexpr double kMostSeconds = 3600;
 
 constexpr Option kCountOption{"cuenta", 'n', "ECOS", "cuántos ecos; 4 si falta, 0 hasta Ctrl-C"};
-constexpr Option kIntervalOption{"intervalo", 'i', "SEGUNDOS", "de un eco al siguiente; 1 si falta"};
-constexpr Option kWaitOption{"espera", 'W', "SEGUNDOS", "lo más que se espera cada respuesta; 10 si falta"};
+constexpr Option kIntervalOption{"intervalo", 'i', "SEG", "segundos de un eco al siguiente; 1 si falta"};
+constexpr Option kWaitOption{"espera", 'W', "SEG", "segundos que se espera cada respuesta; 10 si falta"};
 constexpr auto kOptions = std::to_array<Option>({kCountOption, kIntervalOption, kWaitOption});
 
 struct Wishes {

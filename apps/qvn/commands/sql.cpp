@@ -1,11 +1,10 @@
 // qvn sql: runs one statement and shows its rows.
-#include <algorithm>
 #include <array>
-#include <chrono>
 #include <optional>
 
 #include "apps/qvn/commands.h"
 #include "apps/qvn/connect.h"
+#include "apps/qvn/given_statement.h"
 #include "apps/qvn/row_writer.h"
 #include "apps/qvn/seconds_option.h"
 #include "apps/qvn/terminal_text.h"
@@ -36,26 +35,15 @@ constexpr std::string_view kExamples = R"(
 
 constexpr Option kFormatOption{"formato", 'f', "FORMATO", "tabla (la usual), csv o json"};
 constexpr Option kWholeOption{"completo", 0, "", "muestra en la tabla los textos completos"};
-constexpr Option kWaitOption{"espera", 0, "SEGUNDOS", "lo más que espera el resultado (30; 0: sin fin)"};
 constexpr auto kOptions =
     std::to_array<Option>({kConnectionOption, kFormatOption, kWholeOption, kWaitOption, kTraceOption});
 
 constexpr std::size_t kWidestText = 40;
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-std::string givenStatement(const Arguments& arguments) {
+std::optional<std::string_view> statementOperand(const Arguments& arguments) {
   if (arguments.operands().size() > 1) throw UsageError("la sentencia es un solo argumento; póngala entre comillas");
-  const bool isOperand = !arguments.operands().empty() && arguments.operands().front() != "-";
-  if (isOperand) return std::string(arguments.operands().front());
-  if (arguments.operands().empty() && isInputTerminal()) throw UsageError("falta la sentencia");
-  return readStandardInput();
-}
-
-std::string readStatement(const Arguments& arguments) {
-  std::string statement = givenStatement(arguments);
-  if (statement.starts_with(kByteOrderMark)) statement.erase(0, kByteOrderMark.size());
-  if (statement.find_first_not_of(" \t\r\n") == std::string::npos) throw UsageError("la sentencia está vacía");
-  return statement;
+  if (arguments.operands().empty()) return std::nullopt;
+  return arguments.operands().front();
 }
 
 std::string rowCount(std::int64_t count) { return std::to_string(count) + (count == 1 ? " registro" : " registros"); }
@@ -64,7 +52,7 @@ ExitStatus runSql(const Arguments& arguments, Context& context) {
   const RowFormat& format = rowFormat(arguments.value(kFormatOption.name));
   const bool isTable = &format == &rowFormats().front();
   const auto wait = secondsOf(arguments, kWaitOption);
-  const std::string statement = readStatement(arguments);
+  const std::string statement = readStatement(statementOperand(arguments));
   const data::ConnectionPtr connection = connect(arguments, context);
   if (wait) connection->setCommandTimeout(*wait);
 

@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "qvn/dialogs/qt/qt_dialogs.h"
+#include "qvn/dialogs/qt/qt_progress.h"
 
 namespace {
 
@@ -24,6 +25,12 @@ void picture(const QString& file, const std::function<void()>& open) {
     if (QWidget* const window = grab(file)) window->close();
   });
   open();
+}
+
+void pictureProgress(const QString& file, const qvn::dialogs::ProgressState& state) {
+  const qvn::dialogs::ProgressViewPtr view = qvn::dialogs::qtProgress();
+  view->show(state);
+  grab(file);
 }
 
 }  // namespace
@@ -53,6 +60,12 @@ int main(int argc, char** argv) {
     show("Reparando: clients\r\n\r\nEs necesario reparar con el comando myisamchk");
     grab(folder.filePath("avance.png"));
   });
+  pictureProgress(folder.filePath("progreso.png"), {.title = "Exportación a hoja de cálculo",
+                                                    .text = "Ventas de febrero: 312,400 de 1,000,000 registros",
+                                                    .done = 312'400,
+                                                    .total = 1'000'000,
+                                                    .elapsed = std::chrono::seconds(19)});
+  pictureProgress(folder.filePath("progreso_sin_total.png"), {.text = "Leyendo " + text, .canCancel = false});
   picture(folder.filePath("cuadro.png"), [&] { dialogs.show(text, 64, "Quorvin POS"); });
   return 0;
 }

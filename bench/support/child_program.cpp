@@ -1,4 +1,4 @@
-#include "bench/mysqladmin/child_program.h"
+#include "bench/support/child_program.h"
 
 #include <fcntl.h>
 #include <spawn.h>
