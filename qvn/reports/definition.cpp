@@ -50,9 +50,9 @@ void ReportDefinition::load(std::string_view path) {
   }
 }
 
-void ReportDefinition::save(std::string_view path) const {
-  requiredQuery();
-  OutputFile file(path, OnExisting::Replace);
+void ReportDefinition::save(std::string_view path, OnExisting onExisting) const {
+  requireQuery();
+  OutputFile file(path, onExisting);
   file.write(text());
   file.publish();
 }
@@ -131,19 +131,17 @@ ReportPtr ReportDefinition::makeReport() const {
       ReportSettings{.title = title(), .subtitle = subtitle(), .columns = columns(), .groups = groups()});
 }
 
-std::string ReportDefinition::requiredQuery() const {
-  std::string text = query();
-  if (text.empty()) throw RuntimeError(error_number::kInvalidCall, "La definición del informe no tiene consulta");
-  return text;
+void ReportDefinition::requireQuery() const {
+  if (query().empty()) throw RuntimeError(error_number::kInvalidCall, "La definición del informe no tiene consulta");
 }
 
 bool ReportDefinition::render(const data::ConnectionPtr& connection, std::string_view path,
                               const RenderSettings& settings) const {
-  const std::string statement = requiredQuery();
+  requireQuery();
   // The file comes first: a path that cannot be is said before a long query.
   const auto sink = newReportFile(
       path, {.onExisting = settings.onExisting, .paper = paper(), .textPage = {.lines = sizeOf(paper()).textLines}});
-  const data::RecordsetPtr rows = host::required(connection)->Execute(statement);
+  const data::RecordsetPtr rows = host::required(connection)->Execute(query());
   if (rows->State() != data::ObjectState::Open) {
     throw RuntimeError(error_number::kInvalidCall, "La consulta del informe no devuelve registros");
   }

@@ -34,9 +34,10 @@ class ReportDefinition final : public Object {
   /// be
   ///         read
   void load(std::string_view path);
-  /// Takes the place of a file of that path when it is complete; what was loaded and not changed is written as it was,
-  /// comments too. Throws RuntimeError 5 without a query, 61 when the disk is full, or what else the system refuses.
-  void save(std::string_view path) const;
+  /// What was loaded and not changed is written as it was, comments too; a file of that path is replaced when the new
+  /// one is complete. Throws RuntimeError 5 without a query, 58 when there is a file that is not to be replaced, 61
+  /// when the disk is full, or what else the system refuses.
+  void save(std::string_view path, OnExisting onExisting = OnExisting::Replace) const;
 
   /// As load() and save(), from and to a text. read() throws RuntimeError 321 with the line number.
   void read(std::string_view text);
@@ -80,7 +81,7 @@ class ReportDefinition final : public Object {
   void setReportValue(std::string_view key, std::string_view value);
   [[nodiscard]] DefinitionSection* find(std::string_view section, std::string_view field);
   void remove(std::string_view section, std::string_view field);
-  [[nodiscard]] std::string requiredQuery() const;
+  void requireQuery() const;
 
   DefinitionText text_;
 };
