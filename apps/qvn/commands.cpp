@@ -7,13 +7,13 @@ namespace qvn::cli {
 namespace {
 
 constexpr auto kCommands = std::to_array<const Command*>({
-    &kDemoCommand,       &kSaldoCommand,    &kSaldoProveedorCommand, &kPorAplicarCommand, &kRecalculaCommand,
-    &kSurtirCommand,     &kRecibirCommand,  &kLotesCommand,          &kPreciosCommand,    &kConsecutivoCommand,
-    &kRespaldaCommand,   &kRestauraCommand, &kReparaCommand,         &kBarrasCommand,     &kSqlCommand,
-    &kExportaCommand,    &kFilaCommand,     &kConexionCommand,       &kFormatoCommand,    &kLetraCommand,
-    &kCalendarioCommand, &kCifraCommand,    &kDescifraCommand,       &kEjecutaCommand,    &kPingCommand,
-    &kMovilCommand,      &kMensajeCommand,  &kPreguntaCommand,       &kEntradaCommand,    &kBitacoraCommand,
-    &kPuenteCommand,     &kMetodosCommand,
+    &kDemoCommand,     &kSaldoCommand,      &kSaldoProveedorCommand, &kPorAplicarCommand, &kRecalculaCommand,
+    &kSurtirCommand,   &kRecibirCommand,    &kLotesCommand,          &kPreciosCommand,    &kConsecutivoCommand,
+    &kRespaldaCommand, &kRestauraCommand,   &kReparaCommand,         &kBarrasCommand,     &kSqlCommand,
+    &kExportaCommand,  &kInformeCommand,    &kFilaCommand,           &kConexionCommand,   &kFormatoCommand,
+    &kLetraCommand,    &kCalendarioCommand, &kCifraCommand,          &kDescifraCommand,   &kEjecutaCommand,
+    &kPingCommand,     &kMovilCommand,      &kMensajeCommand,        &kPreguntaCommand,   &kEntradaCommand,
+    &kBitacoraCommand, &kPuenteCommand,     &kMetodosCommand,
 });
 
 }  // namespace

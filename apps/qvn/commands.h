@@ -23,6 +23,7 @@ extern const Command kRestauraCommand;
 extern const Command kReparaCommand;
 extern const Command kSqlCommand;
 extern const Command kExportaCommand;
+extern const Command kInformeCommand;
 extern const Command kFilaCommand;
 extern const Command kConexionCommand;
 extern const Command kFormatoCommand;

@@ -1,7 +1,6 @@
 // qvn exporta: the rows of a statement as a workbook.
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,7 +10,7 @@
 #include "apps/qvn/dump_reports.h"
 #include "apps/qvn/given_statement.h"
 #include "apps/qvn/interruption.h"
-#include "apps/qvn/progress_bar.h"
+#include "apps/qvn/row_progress.h"
 #include "apps/qvn/seconds_option.h"
 #include "apps/qvn/terminal_text.h"
 #include "qvn/base/letter_case.h"
@@ -103,21 +102,6 @@ data::RecordsetPtr openRows(const data::ConnectionPtr& connection, const std::st
   throw RuntimeError(error_number::kInvalidCall, "La sentencia se ejecutó, pero no devuelve registros que exportar");
 }
 
-// Shows the count and how fast it grows; ends the work when the person wants it to end.
-exports::ExportObserver observer(ProgressBar& bar, Context& context) {
-  using Clock = std::chrono::steady_clock;
-  return [&bar, &context, begun = Clock::now()](std::int64_t rows) {
-    const double seconds = std::chrono::duration<double>(Clock::now() - begun).count();
-    std::string line = countText(rows, context) + " registros";
-    if (seconds >= 1) {
-      const auto speed = static_cast<std::int64_t>(static_cast<double>(rows) / seconds);
-      line += ", " + countText(speed, context) + " por segundo";
-    }
-    bar.show(std::move(line));
-    return !Interruption::isRequested();
-  };
-}
-
 void tell(const exports::ExportReport& report, std::string_view path, Context& context) {
   context.out << "Libro «" << safeText(path) << "»: " << countText(report.rows, context) << " registros en "
               << countText(report.sheets, context) << (report.sheets == 1 ? " hoja\n" : " hojas\n");
@@ -146,7 +130,7 @@ ExitStatus runExporta(const Arguments& arguments, Context& context) {
   const data::RecordsetPtr rows = openRows(connection, statement);
   const Interruption interruption;
   ProgressBar bar(context.messages, !arguments.has(kTraceOption.name));
-  if (!workbook.AddSheet(rows, sheetSettings(arguments, *rows), observer(bar, context))) {
+  if (!workbook.AddSheet(rows, sheetSettings(arguments, *rows), rowObserver(bar, context))) {
     bar.clear();
     context.messages << "qvn: se interrumpió a petición suya; no se escribió nada\n";
     return ExitStatus::Failed;

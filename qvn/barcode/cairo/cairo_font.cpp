@@ -11,20 +11,20 @@
 namespace qvn::barcode {
 namespace {
 
-CairoScaledFont scaledFont(const CaptionFont& font) {
+cairo::ScaledFont scaledFont(const CaptionFont& font) {
   if (!(font.sizePixels >= 1 && font.sizePixels <= 1000)) {
     throw RuntimeError(error_number::kInvalidCall, "El tamaño de la letra va de 1 a 1000 pixeles");
   }
-  const CairoFace face(
+  const cairo::Face face(
       cairo_toy_font_face_create(font.family.c_str(), CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL));
-  const CairoFontOptions options(cairo_font_options_create());
+  const cairo::FontOptions options(cairo_font_options_create());
   cairo_font_options_set_antialias(options.get(), CAIRO_ANTIALIAS_NONE);
   cairo_font_options_set_hint_metrics(options.get(), CAIRO_HINT_METRICS_ON);
   cairo_matrix_t size;
   cairo_matrix_t identity;
   cairo_matrix_init_scale(&size, font.sizePixels, font.sizePixels);
   cairo_matrix_init_identity(&identity);
-  return CairoScaledFont(cairo_scaled_font_create(face.get(), &size, &identity, options.get()));
+  return cairo::ScaledFont(cairo_scaled_font_create(face.get(), &size, &identity, options.get()));
 }
 
 }  // namespace
@@ -47,7 +47,7 @@ void CairoFont::visitGlyphs(std::string_view text, Visit visit) const {
 }
 
 CairoFont::CairoFont(const CaptionFont& font) : font_(scaledFont(font)) {
-  requireCairo(cairo_scaled_font_status(font_.get()));
+  cairo::requireSuccess(cairo_scaled_font_status(font_.get()));
   cairo_scaled_font_extents(font_.get(), &extents_);
   for (std::size_t i = 0; i < kKept; ++i) {
     kept_[i] = drawnGlyph(std::string(1, static_cast<char>(kFirstKept + static_cast<char>(i))));
@@ -64,7 +64,7 @@ void CairoFont::show(cairo_t* context, const Drawing::Text& text) const {
   cairo_set_scaled_font(context, font_.get());
   cairo_move_to(context, text.x, text.y + extents_.ascent);
   cairo_show_text(context, text.text.c_str());
-  requireCairo(cairo_status(context));
+  cairo::requireSuccess(cairo_status(context));
 }
 
 void CairoFont::paint(Raster& raster, const Drawing::Text& text) const {
@@ -78,7 +78,7 @@ void CairoFont::paint(Raster& raster, const Drawing::Text& text) const {
 CairoFont::Glyph CairoFont::drawnGlyph(const std::string& character) const {
   cairo_text_extents_t extents;
   cairo_scaled_font_text_extents(font_.get(), character.c_str(), &extents);
-  requireCairo(cairo_scaled_font_status(font_.get()));
+  cairo::requireSuccess(cairo_scaled_font_status(font_.get()));
   Glyph glyph{.advance = extents.x_advance,
               .left = static_cast<int>(std::floor(extents.x_bearing)),
               .top = static_cast<int>(std::floor(extents_.ascent + extents.y_bearing))};
@@ -91,10 +91,10 @@ CairoFont::Glyph CairoFont::drawnGlyph(const std::string& character) const {
   glyph.coverage.width = static_cast<std::size_t>(stride);
   glyph.coverage.height = static_cast<std::size_t>(height);
   glyph.coverage.pixels.assign(glyph.coverage.width * glyph.coverage.height, 0);
-  const CairoSurface surface(
+  const cairo::Surface surface(
       cairo_image_surface_create_for_data(glyph.coverage.pixels.data(), CAIRO_FORMAT_A8, width, height, stride));
-  requireCairo(cairo_surface_status(surface.get()));
-  const CairoContext context(cairo_create(surface.get()));
+  cairo::requireSuccess(cairo_surface_status(surface.get()));
+  const cairo::Context context(cairo_create(surface.get()));
   show(context.get(),
        {.x = static_cast<double>(-glyph.left), .y = static_cast<double>(-glyph.top), .width = 0, .text = character});
   cairo_surface_flush(surface.get());

@@ -7,9 +7,9 @@
 #include <string_view>
 
 #include "qvn/barcode/cairo/caption_font.h"
-#include "qvn/barcode/cairo/handles.h"
 #include "qvn/barcode/drawing_canvas.h"
 #include "qvn/barcode/raster.h"
+#include "qvn/cairo/handles.h"
 
 namespace qvn::barcode {
 
@@ -44,7 +44,7 @@ class CairoFont final : public FontMeasure {
   template <typename Visit>
   void visitGlyphs(std::string_view text, Visit visit) const;
 
-  CairoScaledFont font_;
+  cairo::ScaledFont font_;
   cairo_font_extents_t extents_{};
   std::array<Glyph, kKept> kept_;
 };

@@ -31,8 +31,8 @@ struct LabelSheet::File {
   std::string path;
   std::ofstream stream;
   CairoFont font{CaptionFont{}};
-  CairoSurface surface;
-  CairoContext context;
+  cairo::Surface surface;
+  cairo::Context context;
 
   void require(bool isGood) const {
     if (!isGood) {
@@ -50,7 +50,7 @@ LabelSheet::LabelSheet(std::string_view path, const SheetLayout& layout)
   file_->surface.reset(
       cairo_pdf_surface_create_for_stream(writeToFile, &file_->stream, layout.pageWidth, layout.pageHeight));
   file_->context.reset(cairo_create(file_->surface.get()));
-  requireCairo(cairo_status(file_->context.get()));
+  cairo::requireSuccess(cairo_status(file_->context.get()));
 }
 
 LabelSheet::~LabelSheet() = default;

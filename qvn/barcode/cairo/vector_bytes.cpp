@@ -16,12 +16,13 @@ void setColor(cairo_t* context, std::int32_t color) {
   cairo_set_source_rgb(context, part(0), part(8), part(16));
 }
 
-CairoSurface surfaceFor(const Drawing& drawing, PictureFormat format, std::string& bytes) {
+cairo::Surface surfaceFor(const Drawing& drawing, PictureFormat format, std::string& bytes) {
   if (format == PictureFormat::Pdf) {
-    return CairoSurface(cairo_pdf_surface_create_for_stream(appendToString, &bytes, drawing.width * kPointsPerPixel,
-                                                            drawing.height * kPointsPerPixel));
+    return cairo::Surface(cairo_pdf_surface_create_for_stream(
+        cairo::appendToString, &bytes, drawing.width * kPointsPerPixel, drawing.height * kPointsPerPixel));
   }
-  CairoSurface surface(cairo_svg_surface_create_for_stream(appendToString, &bytes, drawing.width, drawing.height));
+  cairo::Surface surface(
+      cairo_svg_surface_create_for_stream(cairo::appendToString, &bytes, drawing.width, drawing.height));
   cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PX);
   return surface;
 }
@@ -56,19 +57,19 @@ std::string vectorBytes(const Drawing& drawing, const CairoFont& font, PictureFo
     throw RuntimeError(error_number::kInvalidCall, "La imagen está vacía; revise el texto del código de barras");
   }
   std::string bytes;
-  const CairoSurface surface = surfaceFor(drawing, format, bytes);
-  requireCairo(cairo_surface_status(surface.get()));
+  const cairo::Surface surface = surfaceFor(drawing, format, bytes);
+  cairo::requireSuccess(cairo_surface_status(surface.get()));
   {
-    const CairoContext context(cairo_create(surface.get()));
+    const cairo::Context context(cairo_create(surface.get()));
     if (format == PictureFormat::Pdf) {
       cairo_scale(context.get(), kPointsPerPixel, kPointsPerPixel);
     }
     paintDrawing(context.get(), drawing, font);
     cairo_show_page(context.get());
-    requireCairo(cairo_status(context.get()));
+    cairo::requireSuccess(cairo_status(context.get()));
   }
   cairo_surface_finish(surface.get());
-  requireCairo(cairo_surface_status(surface.get()));
+  cairo::requireSuccess(cairo_surface_status(surface.get()));
   return bytes;
 }
 

@@ -1,17 +1,17 @@
-#include "qvn/barcode/cairo/handles.h"
+#include "qvn/cairo/handles.h"
 
 #include <new>
 
 #include "qvn/base/runtime_error.h"
 
-namespace qvn::barcode {
+namespace qvn::cairo {
 namespace {
 
 constexpr std::int32_t kImageCannotBeMade = 480;
 
 }  // namespace
 
-void requireCairo(cairo_status_t status) {
+void requireSuccess(cairo_status_t status) {
   if (status != CAIRO_STATUS_SUCCESS) {
     throw RuntimeError(kImageCannotBeMade,
                        std::string("No se pudo hacer la imagen: ") + cairo_status_to_string(status));
@@ -27,4 +27,4 @@ cairo_status_t appendToString(void* closure, const unsigned char* data, unsigned
   }
 }
 
-}  // namespace qvn::barcode
+}  // namespace qvn::cairo
