@@ -199,6 +199,10 @@ data::ConnectionPtr LumLibreria::NewSQLite() const {
 }
 exports::SpreadsheetExportPtr LumLibreria::NewExcel() const { return std::make_shared<exports::SpreadsheetExport>(); }
 std::shared_ptr<dialogs::Progress> LumLibreria::NewProgress() const { return std::make_shared<dialogs::Progress>(); }
+reports::ReportPtr LumLibreria::NewInforme() const { return std::make_shared<reports::Report>(); }
+std::shared_ptr<reports::ReportDefinition> LumLibreria::nuevoReporteador() const {
+  return std::make_shared<reports::ReportDefinition>();
+}
 std::shared_ptr<system::Ping> LumLibreria::NewPing() const { return std::make_shared<system::Ping>(); }
 std::shared_ptr<devices::QvnMobile> LumLibreria::NewMobile() const {
   return std::make_shared<devices::QvnMobile>(devices::deviceLink());

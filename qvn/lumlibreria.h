@@ -36,6 +36,8 @@
 #include "qvn/host/text_box.h"
 #include "qvn/mysqladmin/backup_report.h"
 #include "qvn/mysqladmin/database_restore.h"
+#include "qvn/reports/definition.h"
+#include "qvn/reports/report.h"
 #include "qvn/rowtext/text_data.h"
 #include "qvn/rowtext/ws_field.h"
 #include "qvn/system/ping.h"
@@ -143,6 +145,9 @@ class LumLibreria {
   /// Files come from the adapter that the host links (qvn::exports_xlsxwriter).
   exports::SpreadsheetExportPtr NewExcel() const;
   std::shared_ptr<dialogs::Progress> NewProgress() const;
+  /// PDF files come from the adapter that the host links (qvn::reports_cairo).
+  reports::ReportPtr NewInforme() const;
+  std::shared_ptr<reports::ReportDefinition> nuevoReporteador() const;
   std::shared_ptr<system::Ping> NewPing() const;
   /// On the link of this process; see qvn/devices/links/process_link.h.
   std::shared_ptr<devices::QvnMobile> NewMobile() const;

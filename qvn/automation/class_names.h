@@ -17,6 +17,8 @@
 #include "qvn/host/statement_builder.h"
 #include "qvn/host/text_box.h"
 #include "qvn/host/text_stream.h"
+#include "qvn/reports/definition.h"
+#include "qvn/reports/report.h"
 #include "qvn/rowtext/text_data.h"
 #include "qvn/rowtext/ws_field.h"
 #include "qvn/system/dos_outputs.h"
@@ -65,6 +67,10 @@ template <>
 inline constexpr std::string_view kClassName<system::Ping> = "Ping";
 template <>
 inline constexpr std::string_view kClassName<exports::SpreadsheetExport> = "Excel";
+template <>
+inline constexpr std::string_view kClassName<reports::Report> = "Informe";
+template <>
+inline constexpr std::string_view kClassName<reports::ReportDefinition> = "Reporteador";
 template <>
 inline constexpr std::string_view kClassName<dialogs::Progress> = "Progress";
 template <>

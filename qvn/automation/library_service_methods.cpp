@@ -111,6 +111,8 @@ std::vector<Section> serviceSections() {
            method<&LumLibreria::NewSQLite>("NewSQLite"),
            method<&LumLibreria::NewExcel>("NewExcel"),
            method<&newProgress>("NewProgress"),
+           method<&LumLibreria::NewInforme>("NewInforme"),
+           method<&LumLibreria::nuevoReporteador>("nuevoReporteador"),
            method<&newPing>("NewPing"),
            method<&LumLibreria::NewMobile>("NewMobile"),
        }},

@@ -10,7 +10,7 @@ namespace {
 std::vector<Section> gathered() {
   std::vector<Section> all;
   for (auto* part : {databaseSections, textSections, serviceSections, dataObjectSections, hostObjectSections,
-                     serviceObjectSections}) {
+                     reportObjectSections, serviceObjectSections}) {
     std::vector<Section> sections = part();
     std::move(sections.begin(), sections.end(), std::back_inserter(all));
   }

@@ -21,6 +21,7 @@ std::vector<Section> serviceSections();
 // The methods of the objects that hosts hold.
 std::vector<Section> dataObjectSections();
 std::vector<Section> hostObjectSections();
+std::vector<Section> reportObjectSections();
 std::vector<Section> serviceObjectSections();
 
 /// All of them, put together once.
