@@ -115,7 +115,7 @@ ExitStatus runInforme(const Arguments& arguments, Context& context) {
 
 constinit const Command kInformeCommand{"informe",
                                         "escribe un informe con grupos y totales: texto, HTML o PDF",
-                                        "DEFINICION ARCHIVO | --nuevo DEFINICION [SENTENCIA|-]",
+                                        "DEFINICION ARCHIVO | --nuevo DEFINICION [SENTENCIA]",
                                         kDescription,
                                         kOptions,
                                         kExamples,

@@ -16,20 +16,18 @@ Deja que un programa en cualquier lenguaje use la biblioteca: lee peticiones de
 la entrada estándar, una por renglón, en JSON, y escribe por cada una un renglón
 de respuesta, en el mismo orden, hasta que la entrada termina.
 
-Una petición nombra el método en «op» y sus argumentos en «in»; la respuesta trae
-en «out» el resultado y los argumentos que el método cambia, o en «error» el
-número y la descripción de la falla. Las bases abiertas, los registros y demás
-objetos se quedan en el puente y se nombran por su número: {"object":1}. Una
-pregunta a la persona llega como un renglón con «event» antes de la respuesta, y
-se contesta con {"answer":...}. «qvn metodos» lista los métodos.
+Una petición nombra el método en «op» y sus argumentos en «in»; la respuesta
+trae en «out» el resultado y los argumentos que el método cambia, o en «error»
+el número y la descripción de la falla. Las bases abiertas, los registros y
+demás objetos se quedan en el puente y se nombran por su número: {"object":1}.
+Una pregunta a la persona llega como un renglón con «event» antes de la
+respuesta, y se contesta con {"answer":...}. «qvn metodos» lista los métodos.
 )";
 
 constexpr std::string_view kExamples = R"(
-  echo '{"id":1,"op":"Mes","in":{"nMes":3}}' | qvn puente
+  qvn puente < peticiones.txt > respuestas.txt
+      a {"id":1,"op":"Mes","in":{"nMes":3}} se responde
       {"id":1,"out":{"result":"Marzo"}}
-  echo '{"id":1,"op":"Connection.Open","in":{"ConnectionString":
-        "Provider=SQLite;Data Source=tienda.db"}}' | tr -d '\n' | qvn puente
-      {"id":1,"out":{"result":{"object":1}}}
 )";
 
 constexpr std::size_t kUsualLimit = 64;

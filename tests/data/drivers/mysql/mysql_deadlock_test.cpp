@@ -46,6 +46,7 @@ class MysqlDeadlock : public MysqlTest {
     EXPECT_TRUE(error->errors().front().isLockConflict);
   }
 
+  std::unique_ptr<data::Session> turn_ = turnOn("qvn_filas");
   std::unique_ptr<data::Session> winner_ = another();
 };
 

@@ -26,6 +26,13 @@ class MysqlTest : public testing::Test {
   /// Another session of the same user.
   static std::unique_ptr<data::Session> another() { return connectTo(mysqlConnectionString()); }
 
+  /// Waits for the turn of this test among those that use a table of that name; it ends with the session.
+  static std::unique_ptr<data::Session> turnOn(const std::string& table) {
+    auto turn = connectTo(mysqlConnectionString(), std::chrono::seconds(310));
+    test::scalar(*turn, "SELECT GET_LOCK('" + table + "', 300)");
+    return turn;
+  }
+
   std::unique_ptr<data::Session> session_ = another();
 };
 

@@ -29,6 +29,7 @@ class MysqlReconnect : public MysqlTest {
     return errorNumber([&] { session_->execute(sql); });
   }
 
+  std::unique_ptr<data::Session> turn_ = turnOn("qvn_ventas");
   std::unique_ptr<data::Session> administrator_ = another();
 };
 
