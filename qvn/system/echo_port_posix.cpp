@@ -14,6 +14,7 @@
 // The first one needs a declaration that it does not ask for.
 #include <linux/errqueue.h>
 #include <linux/filter.h>
+#include <linux/icmp.h>
 
 #include "qvn/system/echo_port.h"
 #include "qvn/system/icmp_message.h"
@@ -45,8 +46,7 @@ int openSocket(SocketKind kind) {
 class EchoSocket {
  public:
   /// Tries the other kind of socket when the system does not give out the preferred one.
-  EchoSocket(SocketKind preferred, std::uint8_t timeToLive, std::uint16_t identifier)
-      : descriptor_(openSocket(preferred)), kind_(preferred) {
+  EchoSocket(SocketKind preferred, std::uint8_t timeToLive) : descriptor_(openSocket(preferred)), kind_(preferred) {
     if (descriptor_ < 0) {
       kind_ = otherThan(preferred);
       descriptor_ = openSocket(kind_);
@@ -56,7 +56,8 @@ class EchoSocket {
       openError_ = errno == EACCES ? EPERM : errno;
       return;
     }
-    if (kind_ == SocketKind::Raw) takeOnlyReplies(identifier);
+    const icmp_filter onlyReplies{~(1U << ICMP_ECHOREPLY)};
+    if (kind_ == SocketKind::Raw) setsockopt(descriptor_, SOL_RAW, ICMP_FILTER, &onlyReplies, sizeof onlyReplies);
     // Errors that routers report are kept in a queue apart; packets may be fragmented, and have no other flag either.
     const auto options = std::to_array<IpOption>(
         {{IP_TTL, timeToLive}, {IP_MULTICAST_TTL, timeToLive}, {IP_MTU_DISCOVER, IP_PMTUDISC_DONT}, {IP_RECVERR, 1}});
@@ -98,6 +99,24 @@ class EchoSocket {
                                                                            : std::nullopt;
   }
 
+  /// A raw socket is given the replies to all stations of this machine: enough of them would fill its queue, and the
+  /// one that is awaited would be dropped. From here on the others stay out. It takes the system longer than an echo
+  /// within this machine, so that it is left for when there is something to wait for.
+  void keepOthersOut(const SentEcho& sent) {
+    if (kind_ == SocketKind::Datagram || keepsOthersOut_) return;
+    constexpr std::uint32_t kAll = 0xFFFFFFFF;
+    std::array<sock_filter, 5> program = {{
+        BPF_STMT(BPF_LDX | BPF_B | BPF_MSH, 0),  // the length of the IP header
+        BPF_STMT(BPF_LD | BPF_H | BPF_IND, 4),   // identifier
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, sent.identifier, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, kAll),
+        BPF_STMT(BPF_RET | BPF_K, 0),
+    }};
+    const sock_fprog filter{program.size(), program.data()};
+    setsockopt(descriptor_, SOL_SOCKET, SO_ATTACH_FILTER, &filter, sizeof filter);
+    keepsOthersOut_ = true;
+  }
+
   void waitForMessage(std::chrono::nanoseconds longest) const {
     pollfd ready{descriptor_, POLLIN, 0};
     const auto wait = std::min(std::chrono::ceil<std::chrono::milliseconds>(longest), kLongestPoll);
@@ -107,26 +126,6 @@ class EchoSocket {
   [[nodiscard]] SocketKind kind() const { return kind_; }
 
  private:
-  // A raw socket is given all ICMP messages of the machine. Those of other stations would fill its queue, and the reply
-  // that is awaited would be dropped.
-  void takeOnlyReplies(std::uint16_t identifier) const {
-    constexpr std::uint32_t kAll = 0xFFFFFFFF;
-    std::array<sock_filter, 7> program = {{
-        BPF_STMT(BPF_LDX | BPF_B | BPF_MSH, 0),  // the length of the IP header
-        BPF_STMT(BPF_LD | BPF_B | BPF_IND, 0),   // type
-        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, 0, 0, 3),
-        BPF_STMT(BPF_LD | BPF_H | BPF_IND, 4),  // identifier
-        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, identifier, 0, 1),
-        BPF_STMT(BPF_RET | BPF_K, kAll),
-        BPF_STMT(BPF_RET | BPF_K, 0),
-    }};
-    const sock_fprog filter{program.size(), program.data()};
-    setsockopt(descriptor_, SOL_SOCKET, SO_ATTACH_FILTER, &filter, sizeof filter);
-    // What came before the filter was there.
-    while (recv(descriptor_, nullptr, 0, MSG_DONTWAIT) >= 0) {
-    }
-  }
-
   std::uint16_t ownPort() const {
     sockaddr_in own{};
     socklen_t size = sizeof own;
@@ -171,6 +170,7 @@ class EchoSocket {
   int descriptor_;
   int openError_ = 0;
   SocketKind kind_;
+  bool keepsOthersOut_ = false;
   // Larger than any reply to what is sent here; of a longer message the rest is of no use.
   std::array<std::uint8_t, 2048> buffer_;
 };
@@ -179,7 +179,7 @@ class SystemEcho final : public EchoPort {
  public:
   EchoResult echo(const EchoRequest& request) override {
     SentEcho sent = markedEcho(request);
-    EchoSocket socket(preferred_, request.timeToLive, sent.identifier);
+    EchoSocket socket(preferred_, request.timeToLive);
     preferred_ = socket.kind();
     const auto start = Clock::now();
     if (const int error = socket.send(sent); error != 0) return {.reply = {}, .systemError = error};
@@ -188,6 +188,7 @@ class SystemEcho final : public EchoPort {
       const auto status = socket.receive(sent);
       const auto now = Clock::now();
       if (status) return {.reply = EchoReply{*status, std::chrono::floor<std::chrono::microseconds>(now - start)}};
+      socket.keepOthersOut(sent);
       if (now >= deadline || (request.isAbandoned && request.isAbandoned())) return {};
       socket.waitForMessage(deadline - now);
     }

@@ -33,8 +33,11 @@ sockaddr_in addressOf(std::array<std::uint8_t, 4> address) {
 
 }  // namespace
 
-EchoResponder::EchoResponder(Script script)
-    : script_(std::move(script)), socket_(rawSocket()), thread_([this] { run(); }) {}
+EchoResponder::EchoResponder(Script script, std::function<void()> afterwards)
+    : script_(std::move(script)),
+      afterwards_(std::move(afterwards)),
+      socket_(rawSocket()),
+      thread_([this] { run(); }) {}
 
 EchoResponder::~EchoResponder() {
   isEnding_ = true;
@@ -65,6 +68,7 @@ void EchoResponder::run() {
       std::this_thread::sleep_for(each.pause);
       answer(each);
     }
+    afterwards_();
   }
 }
 

@@ -26,7 +26,9 @@ class EchoResponder {
   /// Gives the answers to a request, which is a whole IP packet. Called in a thread of the responder's.
   using Script = std::function<std::vector<Answer>(const PacketBytes& request)>;
 
-  explicit EchoResponder(Script script);
+  /// @param afterwards  called when the answers to a request have gone out
+  explicit EchoResponder(
+      Script script, std::function<void()> afterwards = [] {});
   ~EchoResponder();
   EchoResponder(const EchoResponder&) = delete;
   EchoResponder& operator=(const EchoResponder&) = delete;
@@ -39,6 +41,7 @@ class EchoResponder {
   void answer(const Answer& answer) const;
 
   Script script_;
+  std::function<void()> afterwards_;
   int socket_;
   mutable std::mutex mutex_;
   std::vector<PacketBytes> requests_;
