@@ -114,7 +114,7 @@ void PagedSink::line(const ReportLine& line) {
 
 void PagedSink::showCaptions() {
   if (captions_.empty()) return;
-  const bool isSeparated = captions_.front().level == 0 && line_ != bodyStart_;
+  const bool isSeparated = line_ != bodyStart_;
   makeRoom((isSeparated ? 1 : 0) + captions_.size() + 1);
   if (isSeparated && line_ != bodyStart_) ++line_;
   for (const ReportLine& caption : captions_) {

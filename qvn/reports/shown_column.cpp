@@ -104,6 +104,9 @@ std::string patternOf(const ReportSettings& settings, std::string_view field) {
 }  // namespace
 
 std::string ShownField::textOf(const Variant& value) const {
+  if (const auto* const bytes = value.getIf<std::string>(); bytes != nullptr && data::isBinary(field->Type())) {
+    return std::to_string(bytes->size()) + " bytes";
+  }
   if (!pattern.empty()) return oneLine(formatValue(value, pattern));
   return value.isNull() ? std::string() : oneLine(value.toText());
 }

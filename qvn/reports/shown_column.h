@@ -16,7 +16,7 @@ struct ShownField {
   std::string heading;
   std::string pattern;
 
-  /// On one line; "" for Null unless the pattern has a section for it.
+  /// On one line; "" for Null unless the pattern has a section for it. Of bytes it tells how many there are.
   [[nodiscard]] std::string textOf(const Variant& value) const;
 };
 

@@ -160,7 +160,7 @@ TEST(ReportDefinition, IsSavedLoadedAndRendered) {
   EXPECT_EQ(definition.text(), kSales);
   EXPECT_TRUE(definition.render(connection, folder.path("v.txt")));
   const std::string page = test::fileText(folder.path("v.txt"));
-  EXPECT_NE(page.find("Ventas = todas                Página 1\n"), std::string::npos) << page;
+  EXPECT_NE(page.find("Ventas = todas                  Página 1\n"), std::string::npos) << page;
   EXPECT_NE(page.find("Total Cliente: Ríos           3.50\n"), std::string::npos) << page;
   EXPECT_EQ(test::errorNumber([&] { definition.render(connection, folder.path("v.txt")); }), 58);
   definition.setQuery("CREATE TABLE t (a)");

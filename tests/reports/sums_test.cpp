@@ -39,7 +39,6 @@ TEST(ExactSum, LosesNothing) {
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.why);
-    Decimal total;
     EXPECT_EQ(Decimal::fromText(sumOf(row.values)), Decimal::fromText(row.total)) << sumOf(row.values);
   }
 }

@@ -44,6 +44,7 @@ TEST(TextReport, ShowsTwoLevelsOfGroups) {
             "  Total Cliente: Muñoz e Hijos\n"
             "                        -----  ----------\n"
             "                            3    1,110.25\n"
+            "\n"
             "  Cliente: Ríos\n"
             "                                     0.10\n"
             "                        -----  ----------\n"
@@ -70,29 +71,30 @@ TEST(TextReport, ShowsTwoLevelsOfGroups) {
             "Total general              16    1,110.55\n");
 }
 
-// Eleven lines a page, of which five are titles and headings; neither a group's caption nor a sum stands alone.
+// Ten lines a page, of which four are titles and headings; neither a group's caption nor a sum stands alone.
 TEST(TextReport, BreaksPagesBetweenWhatBelongsTogether) {
   const auto rows = test::rowsOf(
       "SELECT 'a' AS g, 1 AS n UNION ALL SELECT 'a', 2 UNION ALL SELECT 'a', 3 UNION ALL SELECT 'a', 4 UNION ALL "
       "SELECT 'b', 5 UNION ALL SELECT 'c', 6");
   const ReportSettings settings{.title = "Números",
-                                .columns = {{.field = "g", .width = 12}, {.field = "n", .width = 4, .isSummed = true}},
+                                .columns = {{.field = "g", .width = 13}, {.field = "n", .width = 4, .isSummed = true}},
                                 .groups = {{.field = "g", .heading = "G"}}};
   const auto head = [](int page) {
     return "Números                        Página " + std::to_string(page) +
-           "\n\ng                n\n------------  ----\n";
+           "\n\ng                 n\n-------------  ----\n";
   };
   EXPECT_EQ(text(rows, settings, {.columns = 39, .lines = 10}),
-            head(1) + "G: a\na                1\na                2\na                3\na                4\n\f" +
-                head(2) + "              ----\nTotal G: a      10\n\nG: b\nb                5\n\f" + head(3) +
-                "              ----\nTotal G: b       5\n\nG: c\nc                6\n\f" + head(4) +
-                "              ----\nTotal G: c       6\n              ====\nTotal general   21\n");
+            head(1) + "G: a\na                 1\na                 2\na                 3\na                 4\n\f" +
+                head(2) + "               ----\nTotal G: a       10\n\nG: b\nb                 5\n\f" + head(3) +
+                "               ----\nTotal G: b        5\n\nG: c\nc                 6\n\f" + head(4) +
+                "               ----\nTotal G: c        6\n               ====\nTotal general    21\n");
 }
 
 TEST(TextReport, WithoutRowsSaysSo) {
-  EXPECT_EQ(text(test::rowsOf("SELECT 1 AS n WHERE 0"),
-                 {.title = "Nada", .columns = {{.field = "n", .isSummed = true}}, .groups = {{.field = "n"}}}),
-            "Nada\n\n         n\n----------\nNo hay registros\n");
+  EXPECT_EQ(
+      text(test::rowsOf("SELECT 1 AS n WHERE 0"),
+           {.title = "Nada", .columns = {{.field = "n", .width = 10, .isSummed = true}}, .groups = {{.field = "n"}}}),
+      "Nada\n\n         n\n----------\nNo hay registros\n");
 }
 
 TEST(TextReport, ShowsValuesOnOneLineEach) {
@@ -110,6 +112,7 @@ TEST(TextReport, ShowsValuesOnOneLineEach) {
       {"line ends and tabs", "'a'||char(13)||char(10)||'b'||char(9)||'c'", {.field = "v", .width = 9}, "a b c    |"},
       {"a form feed", "'a'||char(12)", {.field = "v", .width = 3}, "a  |"},
       {"bytes that are no text", "CAST(x'FF41' AS TEXT)", {.field = "v", .width = 3}, "\uFFFDA |"},
+      {"bytes", "x'FF41'", {.field = "v", .width = 7}, "2 bytes|"},
       {"Null", "NULL", {.field = "v", .width = 3, .pattern = "0.00"}, "   |"},
       {"Null where the pattern has words for it",
        "NULL",

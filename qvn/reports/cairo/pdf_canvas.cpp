@@ -21,7 +21,7 @@ constexpr double kTitleFactor = 1.5;
 constexpr double kLineFactor = 1.4;
 constexpr double kBaselineFactor = 1.05;  // of the font's size, from the top of the line
 // Columns are wider than their digits where the page has room.
-constexpr double kWidestFactor = 1.15;
+constexpr double kWidestFactor = 1.35;
 // What a text may take of the gap beside it, in characters.
 constexpr double kOverhang = 0.8;
 
