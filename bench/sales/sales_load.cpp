@@ -1,7 +1,7 @@
 // Whole sales by many stations, and the account that checks them; scripts/sales starts the stations.
 //
 //   sales_load prepare CUSTOMERS      makes the shop anew
-//   sales_load station LOG SECONDS SEED
+//   sales_load station LOG SECONDS SEED TIMEOUT     TIMEOUT: seconds for a statement
 //   sales_load check SECONDS LOG...   compares, and prints what was sold and how fast
 //
 // The environment variable QVN_SALES holds the connection string.
@@ -46,12 +46,13 @@ int prepare(const std::string& customers) {
   return 0;
 }
 
-int sell(const std::string& log, const std::string& seconds, const std::string& seed) {
+int sell(const std::string& log, const std::string& seconds, const std::string& seed, const std::string& timeout) {
   std::ofstream file(log);
   StationOptions options;
   options.connectionString = connectionString();
   options.duration = std::chrono::seconds(std::stoi(seconds));
   options.seed = std::stoull(seed);
+  options.commandTimeout = std::chrono::seconds(std::stoi(timeout));
   runStation(options, file);
   return 0;
 }
@@ -90,9 +91,11 @@ int check(const std::string& seconds, std::span<char*> logs) {
 int run(std::span<char*> arguments) {
   const std::string command = arguments.size() > 1 ? arguments[1] : "";
   if (command == "prepare" && arguments.size() == 3) return prepare(arguments[2]);
-  if (command == "station" && arguments.size() == 5) return sell(arguments[2], arguments[3], arguments[4]);
+  if (command == "station" && arguments.size() == 6)
+    return sell(arguments[2], arguments[3], arguments[4], arguments[5]);
   if (command == "check" && arguments.size() > 3) return check(arguments[2], arguments.subspan(3));
-  std::cerr << "Uso: sales_load prepare CLIENTES | station BITÁCORA SEGUNDOS SEMILLA | check SEGUNDOS BITÁCORA...\n";
+  std::cerr
+      << "Uso: sales_load prepare CLIENTES | station BITÁCORA SEGUNDOS SEMILLA ESPERA | check SEGUNDOS BITÁCORA...\n";
   return 2;
 }
 

@@ -8,9 +8,6 @@
 namespace qvn::data::mysql {
 namespace {
 
-// States of this class say that the engine has taken the transaction back. Source: ISO/IEC 9075-2.
-constexpr std::string_view kRollbackClass = "40";
-
 std::span<const MYSQL_FIELD> fieldsOf(const ResultHandle& result) {
   return {mysql_fetch_fields(result.get()), mysql_num_fields(result.get())};
 }
@@ -85,9 +82,7 @@ void MysqlCursor::finishReading() {
 }
 
 void MysqlCursor::keepLostTransaction() {
-  if (wasInTransaction_ && failure_ && failure_->errors().front().sqlState.starts_with(kRollbackClass)) {
-    link_.keepLostTransaction(*failure_);
-  }
+  if (wasInTransaction_ && failure_) link_.keepLostTransaction(*failure_);
 }
 
 }  // namespace qvn::data::mysql

@@ -1,5 +1,6 @@
 #include "qvn/data/drivers/mysql/mysql_link.h"
 
+#include <mysqld_error.h>
 #include <sys/socket.h>
 
 #include <algorithm>
@@ -15,12 +16,16 @@
 namespace qvn::data::mysql {
 namespace {
 
+// States of this class say that the engine has taken the transaction back. Source: ISO/IEC 9075-2.
+constexpr std::string_view kRollbackClass = "40";
 // Longest wait for each step of the second connection that cancels a statement.
 constexpr std::chrono::seconds kCancelTimeout{5};
 // Stack of the library's resumable calls, over which a statement waits without blocking in the library.
 constexpr std::size_t kResumableStackBytes = std::size_t{256} * 1024;
 
 constexpr std::string_view kClusterQuestion = "SELECT @@wsrep_on = 1 AND @@wsrep_provider <> 'none'";
+// Cut off from the others, a member still answers a SELECT without tables; to one with tables it says 1047.
+constexpr std::string_view kReadyQuestion = "SHOW GLOBAL STATUS LIKE 'wsrep_ready'";
 
 // A user who is refused by one server is what people can do something about, so it goes before servers that are down.
 ProviderError noServer(const std::vector<ServerAddress>& tried, std::vector<ErrorItem> failures) {
@@ -67,21 +72,32 @@ void MysqlLink::connectTo(const ServerAddress& address) {
 }
 
 void MysqlLink::learnCluster() {
-  isClustered_ = false;
+  isClustered_ = ask(kClusterQuestion, 0) == "1";
+  if (!isClustered_ || ask(kReadyQuestion, 1) != "OFF") return;
+  ErrorItem item;
+  item.number = provider_number::kUnspecified;
+  item.description =
+      "El servidor MySQL " + address_.quotedName() +
+      " está apartado de los demás de su clúster y no ejecuta instrucciones; compruebe los demás y la red";
+  item.nativeError = ER_UNKNOWN_COM_ERROR;
+  item.sqlState = "08S01";
+  item.source = kSource;
+  throw ProviderError({std::move(item)});
+}
+
+std::string MysqlLink::ask(std::string_view question, unsigned column) {
   AnswerWait wait(*this, list_.connectTimeout);
   const int failed = wait.run<int>(
-      [&](int* result) {
-        return mysql_real_query_start(result, handle(), kClusterQuestion.data(), kClusterQuestion.size());
-      },
+      [&](int* result) { return mysql_real_query_start(result, handle(), question.data(), question.size()); },
       [&](int* result, int events) { return mysql_real_query_cont(result, handle(), events); });
   if (failed != 0) {
     const std::int32_t number = numberForStatement(mysql_errno(handle()), mysql_sqlstate(handle()));
     if (number == provider_number::kUnspecified || wait.timedOut()) throw loginError(handle(), address_);
-    return;  // a server that does not know the word is in no cluster
+    return {};  // a server that does not know the words is in no cluster
   }
   const ResultHandle answer(mysql_store_result(handle()));
   const MYSQL_ROW row = answer ? mysql_fetch_row(answer.get()) : nullptr;
-  isClustered_ = row != nullptr && row[0] != nullptr && row[0][0] == '1';
+  return row == nullptr || row[column] == nullptr ? "" : row[column];
 }
 
 bool MysqlLink::isLost() const noexcept { return isLost_ || hasHungUp(static_cast<int>(mysql_get_socket(handle()))); }
@@ -114,6 +130,10 @@ bool MysqlLink::isInTransaction() const noexcept {
 
 void MysqlLink::rememberTransaction() noexcept {
   if (!isLost_) hadTransaction_ = isInTransaction();
+}
+
+void MysqlLink::keepLostTransaction(const ProviderError& failure) {
+  if (failure.errors().front().sqlState.starts_with(kRollbackClass)) lostTransaction_ = failure;
 }
 
 bool MysqlLink::dropFurtherResults() const noexcept {

@@ -54,14 +54,14 @@ class MysqlLink {
 
   /// True when the server said last that a transaction is open; false on a lost connection.
   [[nodiscard]] bool isInTransaction() const noexcept;
-  /// To be called before a statement is sent: what is remembered of a transaction while the connection is lost.
+  /// To be called before a statement of the host is sent: remembers whether a transaction was open then.
   void rememberTransaction() noexcept;
-  /// True when a transaction was open before the last statement that was sent.
+  /// True when a transaction was open before the host's last statement.
   [[nodiscard]] bool hadTransaction() const { return hadTransaction_; }
 
-  /// Keeps a failure that took the session's transaction back behind rows that nobody reads any more, for the next
-  /// statement: it would run outside the transaction that the host believes in.
-  void keepLostTransaction(ProviderError failure) { lostTransaction_ = std::move(failure); }
+  /// Keeps a failure that nobody else hears of of a transaction for the next statement, if it took the transaction
+  /// back: that statement would run outside the transaction that the host believes in.
+  void keepLostTransaction(const ProviderError& failure);
   /// That failure, once.
   [[nodiscard]] std::optional<ProviderError> takeLostTransaction() {
     return std::exchange(lostTransaction_, std::nullopt);
@@ -69,9 +69,10 @@ class MysqlLink {
 
  private:
   void connectTo(const ServerAddress& address);
-  // Asks whether the server is in a cluster. A member that takes no statements, as one cut off from the others does,
-  // is found in this way.
+  // Asks whether the server is in a cluster. Throws ProviderError for a member that takes no statements.
   void learnCluster();
+  // One value of the answer's first row; "" when there is none.
+  std::string ask(std::string_view question, unsigned column);
 
   ServerList list_;
   RandomPtr random_;

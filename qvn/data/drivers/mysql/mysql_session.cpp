@@ -34,6 +34,7 @@ MysqlSession::MysqlSession(const ConnectRequest& request)
 }
 
 void MysqlSession::setCommandTimeout(std::chrono::seconds timeout) {
+  link_.rememberTransaction();
   if (MysqlCursor* const reader = link_.reader()) reader->releaseLink();
   timeout_ = timeout;
   limitLockWait();
@@ -46,7 +47,7 @@ void MysqlSession::limitLockWait() {
       "SET SESSION innodb_lock_wait_timeout = LEAST(@@GLOBAL.innodb_lock_wait_timeout, " + std::to_string(limit) + ")";
   AnswerWait wait(link_, timeout_);
   // A server without that engine refuses it, and has no such waits.
-  static_cast<void>(send(sql, wait));
+  sendAside(sql, wait);
 }
 
 StatementResult MysqlSession::execute(std::string_view sql) {
@@ -71,7 +72,7 @@ StatementResult MysqlSession::execute(std::string_view sql) {
   result.cursor.reset();
   // The order to end the statement may have crossed its answer. A server that applies it to the statement that comes
   // next finds this one.
-  static_cast<void>(send("DO 0", wait));
+  sendAside("DO 0", wait);
   if (isInForce) return result;
   throw timeoutError(timeout_, std::move(reported));
 }
@@ -101,6 +102,12 @@ bool MysqlSession::send(std::string_view sql, AnswerWait& wait) {
   return wait.run<int>(
              [&](int* failed) { return mysql_real_query_start(failed, link_.handle(), sql.data(), sql.size()); },
              [&](int* failed, int events) { return mysql_real_query_cont(failed, link_.handle(), events); }) == 0;
+}
+
+void MysqlSession::sendAside(std::string_view sql, AnswerWait& wait) {
+  if (send(sql, wait)) return;
+  const ProviderError failure = link_.lastError();
+  if (link_.hadTransaction()) link_.keepLostTransaction(failure);
 }
 
 std::string MysqlSession::engineVersion() {

@@ -31,6 +31,8 @@ class MysqlSession final : public Session {
   StatementResult run(std::string_view sql, AnswerWait& wait);
   // False when the server or the library reports an error.
   [[nodiscard]] bool send(std::string_view sql, AnswerWait& wait);
+  // Sends a statement of the session's own, whose failure concerns the host only when it took the transaction back.
+  void sendAside(std::string_view sql, AnswerWait& wait);
   // Connects anew where the connection string asks for it and nothing is lost by it.
   void reopenIfLost(std::string_view sql);
 
