@@ -15,9 +15,10 @@ TEST(Bridge, ExampleClientsSettleADocument) {
   const std::string shop = (folder.path() / "demo-qvn" / "tienda.db").string();
   for (const auto& [interpreter, file] : {std::pair("python3", "cobranza.py"), std::pair("node", "cobranza.mjs")}) {
     SCOPED_TRACE(file);
-    const Outcome outcome = run({.arguments = {std::string(QVN_EXAMPLES "/puente/") + file, shop, QVN_PROGRAM},
+    const std::string client = std::string(QVN_EXAMPLES "/puente/") + file;
+    const Outcome outcome = run({.arguments = {interpreter, client, shop, QVN_PROGRAM},
                                  .environment = {"PYTHONIOENCODING=utf-8"},
-                                 .program = interpreter});
+                                 .program = "/usr/bin/env"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
     EXPECT_EQ(outcome.out,

@@ -18,9 +18,9 @@ alguno, sin distinguir mayúsculas.
 )";
 
 constexpr std::string_view kExamples = R"(
-  qvn metodos saldo
-      ActualizaSaldo(nCobranza Variant, Ambiente Ambiente, [Query Query* = null])
-      y los demás
+  qvn metodos question
+      Question(strMensaje String, [DefaultButton Integer = 1]) -> Boolean
+      y Question2
   qvn metodos --json PonLetra
       un objeto de JSON por método y renglón, para programas
 )";
