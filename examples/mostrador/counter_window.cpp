@@ -35,10 +35,11 @@ CounterWindow::CounterWindow(const qvn::LumLibreria& library, qvn::host::Ambient
 
 void CounterWindow::build() {
   setWindowTitle("Mostrador");
-  resize(900, 560);
+  resize(1020, 480);
   searchBox_ = new QLineEdit;
   searchBox_->setPlaceholderText("Código o parte del nombre");
   products_ = new QListWidget;
+  products_->setMinimumWidth(370);
   quantity_ = new QDoubleSpinBox;
   quantity_->setRange(0.001, 100000);
   quantity_->setDecimals(3);
@@ -72,8 +73,9 @@ void CounterWindow::build() {
   grid->addWidget(cancel, 3, 3);
   grid->addWidget(pay, 3, 4);
   grid->addWidget(message_, 4, 0, 1, 5);
-  grid->setColumnStretch(1, 1);
-  grid->setColumnStretch(2, 2);
+  grid->setColumnStretch(2, 1);
+  grid->setColumnStretch(3, 1);
+  grid->setColumnStretch(4, 1);
 
   connect(searchBox_, &QLineEdit::textChanged, this, [this] { showProducts(); });
   connect(searchBox_, &QLineEdit::returnPressed, this, [this] { addMarked(); });

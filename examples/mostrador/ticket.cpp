@@ -90,7 +90,7 @@ void printTicket(const qvn::LumLibreria& library, const ClosedSale& sale, const 
   }
   QPdfWriter pdf(&output);
   pdf.setResolution(kDotsPerInch);
-  const double height = 110 + 2 * kLine * static_cast<double>(sale.lines.size());
+  const double height = 86 + 2 * kLine * static_cast<double>(sale.lines.size());
   pdf.setPageSize(QPageSize(QSizeF(kPaperMillimetres, height), QPageSize::Millimeter));
   pdf.setPageMargins({});
   pdf.setTitle("Ticket " + QString::number(sale.number));
