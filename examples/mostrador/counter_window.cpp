@@ -138,7 +138,8 @@ void CounterWindow::showSale() {
   int row = 0;
   for (const SaleLine& line : sale_.lines()) {
     lines_->setItem(row, 0, cell(QString::fromStdString(line.product.name), false));
-    lines_->setItem(row, 1, cell(QString::fromStdString(library_.Formato(line.quantity, "General Number").toText()), true));
+    lines_->setItem(row, 1,
+                    cell(QString::fromStdString(library_.Formato(line.quantity, "General Number").toText()), true));
     lines_->setItem(row, 2, cell(money(library_, line.product.price), true));
     lines_->setItem(row, 3, cell(money(library_, line.amount()), true));
     ++row;
