@@ -58,8 +58,6 @@ void appendMembers(std::string& line, const Json::Members& members) {
 
 }  // namespace
 
-Json::Json(Members members) : value_(std::move(members)) {}
-
 Json Json::object() { return Json(Members{}); }
 
 template <typename Number>

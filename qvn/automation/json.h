@@ -21,9 +21,16 @@ struct JsonNumber {
   std::string digits;
 };
 
+/// A member of an object.
+template <typename Value>
+struct NamedValue {
+  std::string name;
+  Value value;
+};
+
 class Json {
  public:
-  struct Member;
+  using Member = NamedValue<Json>;
   using Items = std::vector<Json>;
   using Members = std::vector<Member>;
 
@@ -36,7 +43,7 @@ class Json {
   Json(float number) : value_(shortest(number)) {}            // NOLINT(google-explicit-constructor)
   Json(double number) : value_(shortest(number)) {}           // NOLINT(google-explicit-constructor)
   Json(Items items) : value_(std::move(items)) {}             // NOLINT(google-explicit-constructor)
-  Json(Members members);                                      // NOLINT(google-explicit-constructor)
+  Json(Members members) : value_(std::move(members)) {}       // NOLINT(google-explicit-constructor)
   template <std::integral Number>
   Json(Number number) {  // NOLINT(google-explicit-constructor)
     if constexpr (std::same_as<Number, bool>) {
@@ -75,11 +82,6 @@ class Json {
   static Storage shortest(Number number);
 
   Storage value_;
-};
-
-struct Json::Member {
-  std::string name;
-  Json value;
 };
 
 /// Appends the value in one line. Bytes of texts that are not UTF-8 become U+FFFD.

@@ -97,7 +97,7 @@ exports::SheetSettings sheetSettings(const Arguments& arguments, data::Recordset
 }
 
 data::RecordsetPtr openRows(const data::ConnectionPtr& connection, const std::string& statement) {
-  const data::RecordsetPtr rows = connection->Execute(statement);
+  data::RecordsetPtr rows = connection->Execute(statement);
   if (rows->State() == data::ObjectState::Open) return rows;
   throw RuntimeError(error_number::kInvalidCall, "La sentencia se ejecutó, pero no devuelve registros que exportar");
 }

@@ -29,9 +29,11 @@ constexpr Option kJsonOption{"json", 0, "", "un objeto de JSON por método"};
 constexpr Option kMarkdownOption{"markdown", 0, "", "la referencia completa, en inglés, en Markdown"};
 constexpr auto kOptions = std::to_array<Option>({kJsonOption, kMarkdownOption});
 
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
 bool containsIgnoringCase(std::string_view text, std::string_view part) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-  return !std::ranges::search(text, part, {}, lower, lower).empty() || part.empty();
+  const auto isSame = [](char left, char right) { return lower(left) == lower(right); };
+  return std::search(text.begin(), text.end(), part.begin(), part.end(), isSame) != text.end() || part.empty();
 }
 
 ExitStatus runMetodos(const Arguments& arguments, Context& context) {

@@ -15,8 +15,8 @@ class PdfFont {
   PdfFont(double sizePoints, Weight weight);
 
   [[nodiscard]] double width(const std::string& text) const;
-  /// The text, or as many of its first characters as fit with "…" behind them.
-  [[nodiscard]] std::string fitted(std::string_view text, double width) const;
+  /// The text, or as many of its first characters as fit into `limit` with "…" behind them.
+  [[nodiscard]] std::string fitted(std::string_view text, double limit) const;
   void show(cairo_t* context, const std::string& text, double x, double baseline) const;
 
  private:
