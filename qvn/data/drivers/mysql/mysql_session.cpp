@@ -79,7 +79,12 @@ StatementResult MysqlSession::execute(std::string_view sql) {
 
 void MysqlSession::reopenIfLost(std::string_view sql) {
   if (!link_.reconnects() || !link_.isLost()) return;
-  if (link_.hadTransaction() && !isRollback(sql)) return;
+  if (link_.hadTransaction() && !isRollback(sql)) {
+    // A member of a cluster that answered 1047 may take statements again: the rest of the transaction must not get
+    // there.
+    link_.breakOff();
+    return;
+  }
   link_.connectAgain();
   limitLockWait();
 }
