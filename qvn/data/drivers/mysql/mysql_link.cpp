@@ -133,7 +133,8 @@ void MysqlLink::rememberTransaction() noexcept {
 }
 
 void MysqlLink::keepLostTransaction(const ProviderError& failure) {
-  if (failure.errors().front().sqlState.starts_with(kRollbackClass)) lostTransaction_ = failure;
+  const ErrorItem& item = failure.errors().front();
+  if (item.isLostConnection || item.sqlState.starts_with(kRollbackClass)) lostTransaction_ = failure;
 }
 
 bool MysqlLink::dropFurtherResults() const noexcept {

@@ -54,9 +54,9 @@ class MysqlLink {
 
   /// True when the server said last that a transaction is open; false on a lost connection.
   [[nodiscard]] bool isInTransaction() const noexcept;
-  /// To be called before a statement of the host is sent: remembers whether a transaction was open then.
+  /// To be called when a statement of the host has succeeded: remembers whether a transaction is open since.
   void rememberTransaction() noexcept;
-  /// True when a transaction was open before the host's last statement.
+  /// True when a transaction was open after the host's last statement that succeeded.
   [[nodiscard]] bool hadTransaction() const { return hadTransaction_; }
 
   /// Keeps a failure that nobody else hears of of a transaction for the next statement, if it took the transaction

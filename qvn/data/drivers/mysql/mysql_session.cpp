@@ -34,7 +34,6 @@ MysqlSession::MysqlSession(const ConnectRequest& request)
 }
 
 void MysqlSession::setCommandTimeout(std::chrono::seconds timeout) {
-  link_.rememberTransaction();
   if (MysqlCursor* const reader = link_.reader()) reader->releaseLink();
   timeout_ = timeout;
   limitLockWait();
@@ -51,7 +50,6 @@ void MysqlSession::limitLockWait() {
 }
 
 StatementResult MysqlSession::execute(std::string_view sql) {
-  link_.rememberTransaction();
   if (MysqlCursor* const reader = link_.reader()) {
     reader->releaseLink();
   } else {
@@ -63,6 +61,9 @@ StatementResult MysqlSession::execute(std::string_view sql) {
   std::optional<ErrorItem> reported;
   try {
     result = run(sql, wait);
+    // Before anything else is asked: a BEGIN that was answered late counts, also when the connection is lost right
+    // after.
+    link_.rememberTransaction();
     if (!wait.timedOut()) return result;
   } catch (const ProviderError& error) {
     if (!wait.timedOut() || wait.wasBrokenOff()) throw;
@@ -79,7 +80,12 @@ StatementResult MysqlSession::execute(std::string_view sql) {
 
 void MysqlSession::reopenIfLost(std::string_view sql) {
   if (!link_.reconnects() || !link_.isLost()) return;
-  if (link_.hadTransaction() && !isRollback(sql)) return;
+  if (link_.hadTransaction() && !isRollback(sql)) {
+    // A member of a cluster that answered 1047 may take statements again: the rest of the transaction must not get
+    // there.
+    link_.breakOff();
+    return;
+  }
   link_.connectAgain();
   limitLockWait();
 }
