@@ -29,8 +29,8 @@ constexpr std::string_view kReadyQuestion = "SHOW GLOBAL STATUS LIKE 'wsrep_read
 
 // A user who is refused by one server is what people can do something about, so it goes before servers that are down.
 ProviderError noServer(const std::vector<ServerAddress>& tried, std::vector<ErrorItem> failures) {
-  std::ranges::stable_partition(failures,
-                                [](const ErrorItem& item) { return item.number == provider_number::kLoginRefused; });
+  std::stable_partition(failures.begin(), failures.end(),
+                        [](const ErrorItem& item) { return item.number == provider_number::kLoginRefused; });
   if (tried.size() > 1) {
     std::string all = "Ninguno de los " + std::to_string(tried.size()) + " servidores aceptó la conexión";
     for (const ErrorItem& item : failures) all += ". " + item.description;
