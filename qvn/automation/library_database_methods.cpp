@@ -11,6 +11,7 @@ using OrderLine = void (LumLibreria::*)(const Variant&, std::int32_t, double, st
 
 }  // namespace
 
+// NOLINTNEXTLINE(readability-function-size): a table
 std::vector<Section> databaseSections() {
   return {
       {"Recordsets",

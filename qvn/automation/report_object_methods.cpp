@@ -58,6 +58,7 @@ bool render(ReportDefinition& definition, const data::ConnectionPtr& connection,
 
 }  // namespace
 
+// NOLINTNEXTLINE(readability-function-size): a table
 std::vector<Section> reportObjectSections() {
   using Definition = ReportDefinition;
   return {

@@ -28,14 +28,14 @@ std::unordered_map<std::string_view, const Method*> byName() {
 }  // namespace
 
 const std::vector<Section>& allSections() {
-  static const std::vector<Section> sections = gathered();
-  return sections;
+  static const std::vector<Section> kSections = gathered();
+  return kSections;
 }
 
 const Method* findMethod(std::string_view name) {
-  static const std::unordered_map<std::string_view, const Method*> methods = byName();
-  const auto found = methods.find(name);
-  return found == methods.end() ? nullptr : found->second;
+  static const std::unordered_map<std::string_view, const Method*> kMethods = byName();
+  const auto found = kMethods.find(name);
+  return found == kMethods.end() ? nullptr : found->second;
 }
 
 }  // namespace qvn::automation

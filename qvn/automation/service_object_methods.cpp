@@ -73,6 +73,7 @@ std::int32_t heightOf(Picture& picture) { return picture.drawing().height; }
 
 }  // namespace
 
+// NOLINTNEXTLINE(readability-function-size): a table
 std::vector<Section> serviceObjectSections() {
   return {
       {"Objects: the console runner",

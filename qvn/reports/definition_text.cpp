@@ -56,7 +56,7 @@ bool hasControls(std::string_view line) {
 }
 
 void requireReadable(std::string_view key, std::string_view value) {
-  bool isReadable = key == kQueryKey || (trimmed(value) == value && value.find('\n') == value.npos);
+  bool isReadable = key == kQueryKey || (trimmed(value) == value && value.find('\n') == std::string_view::npos);
   visitLines(value, [&isReadable](std::string_view line) { isReadable = isReadable && !hasControls(line); });
   if (isReadable) return;
   throw RuntimeError(error_number::kInvalidCall,
@@ -113,7 +113,7 @@ DefinitionText DefinitionText::read(std::string_view text) {
   DefinitionText definition;
   definition.hasMark_ = text.starts_with(kByteOrderMark);
   if (definition.hasMark_) text.remove_prefix(kByteOrderMark.size());
-  if (text.find("\r\n") != text.npos) definition.lineEnd_ = "\r\n";
+  if (text.find("\r\n") != std::string_view::npos) definition.lineEnd_ = "\r\n";
   std::size_t number = 0;
   visitLines(text, [&](std::string_view line) { definition.readLine(line, ++number); });
   return definition;
@@ -123,7 +123,7 @@ void DefinitionText::readLine(std::string_view line, std::size_t number) {
   if (!utf8::isValid(line)) refuseLine(number, "el texto no es UTF-8");
   const std::string_view content = trimmed(line);
   std::vector<DefinitionEntry>& entries = sections_.back().entries_;
-  const bool isIndented = !content.empty() && kBlanks.find(line.front()) != kBlanks.npos;
+  const bool isIndented = !content.empty() && kBlanks.find(line.front()) != std::string_view::npos;
   if (isIndented && !entries.empty() && entries.back().key == kQueryKey) {
     DefinitionEntry& query = entries.back();
     query.value.append(query.value.empty() ? "" : "\n").append(content);
@@ -133,7 +133,8 @@ void DefinitionText::readLine(std::string_view line, std::size_t number) {
   } else if (content.starts_with('[')) {
     if (!content.ends_with(']')) refuseLine(number, "falta «]» al final de «" + std::string(content) + "»");
     const std::string name = lowerCase(trimmed(content.substr(1, content.size() - 2)));
-    sections_.push_back({name, number, std::string(line)});
+    DefinitionSection opened{name, number, std::string(line)};
+    sections_.push_back(std::move(opened));
   } else {
     readKey(line, number);
   }
@@ -141,7 +142,7 @@ void DefinitionText::readLine(std::string_view line, std::size_t number) {
 
 void DefinitionText::readKey(std::string_view line, std::size_t number) {
   const std::size_t equals = line.find('=');
-  if (equals == line.npos) {
+  if (equals == std::string_view::npos) {
     refuseLine(number, "«" + std::string(trimmed(line)) + "» no es una sección, una clave con «=» ni un comentario");
   }
   const std::string key = lowerCase(trimmed(line.substr(0, equals)));
@@ -179,7 +180,8 @@ DefinitionSection& DefinitionText::addSection(std::string_view name) {
   std::vector<DefinitionEntry>& before = sections_.back().entries_;
   const bool isFirst = sections_.size() == 1 && before.empty();
   if (!isFirst && (before.empty() || !before.back().text.empty())) before.push_back({.text = {}});
-  sections_.push_back({std::string(name), 0, "[" + std::string(name) + "]"});
+  DefinitionSection added{std::string(name), 0, "[" + std::string(name) + "]"};
+  sections_.push_back(std::move(added));
   return sections_.back();
 }
 
