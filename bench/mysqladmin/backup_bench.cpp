@@ -8,8 +8,8 @@
 #include <fstream>
 #include <string>
 
-#include "bench/support/child_program.h"
 #include "bench/mysqladmin/shop_of_a_million.h"
+#include "bench/support/child_program.h"
 #include "bench/support/mysql_peer.h"
 #include "bench/support/peer_report.h"
 #include "qvn/data/connection_string.h"
