@@ -1,9 +1,11 @@
-// Amounts in words beside the Spanish spell-out rules of ICU. The peers spell the whole part only, without currency,
-// cents and legend, which PonLetra adds. "icu" keeps its formatter, made before the clock starts, and its buffer;
-// "icu_made_anew" keeps nothing between two amounts, as PonLetra does.
+// Amounts in words beside the Spanish spell-out rules of ICU. "icu" and "icu_made_anew" spell the whole part only;
+// "icu_whole_text" gives all that PonLetra gives, capitals, currency, cents and legend in UTF-8. "icu" and
+// "icu_whole_text" keep their formatter, made before the clock starts; "icu_made_anew" keeps nothing between two
+// amounts, as PonLetra does.
 #include <benchmark/benchmark.h>
 #include <unicode/rbnf.h>
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <stdexcept>
@@ -79,12 +81,34 @@ void spellIcu(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(values.size()));
 }
 
+std::string wholeText(const icu::RuleBasedNumberFormat& speller, double amount, const std::string& legend) {
+  const auto whole = static_cast<std::int64_t>(amount);
+  const auto cents = static_cast<int>(std::nearbyint((amount - static_cast<double>(whole)) * 100));
+  icu::UnicodeString words;
+  speller.format(whole, words);
+  words.toUpper(icu::Locale("es", "MX"));
+  std::string text;
+  words.toUTF8String(text);
+  text.append(" PESOS ").append(cents < 10 ? "0" : "").append(std::to_string(cents)).append(" /100 ").append(legend);
+  return text;
+}
+
+void spellIcuWholeText(benchmark::State& state) {
+  const icu::RuleBasedNumberFormat speller = spanishSpeller();
+  const std::vector<double> values = amounts();
+  for (auto _ : state) {
+    for (const double value : values) benchmark::DoNotOptimize(wholeText(speller, value, "M.N."));
+  }
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(values.size()));
+}
+
 }  // namespace
 }  // namespace qvn::bench
 
 int main(int argc, char** argv) {
   benchmark::RegisterBenchmark("amount_in_words/qvn", qvn::bench::spellQvn);
   benchmark::RegisterBenchmark("amount_in_words/icu", qvn::bench::spellIcu);
+  benchmark::RegisterBenchmark("amount_in_words/icu_whole_text", qvn::bench::spellIcuWholeText);
   benchmark::RegisterBenchmark("one_amount/qvn", qvn::bench::spellQvnOnce);
   benchmark::RegisterBenchmark("one_amount/icu_made_anew", qvn::bench::spellIcuMadeAnew);
   return qvn::bench::runBesidePeers(argc, argv);

@@ -7,6 +7,7 @@
 #include "qvn/base/letter_case.h"
 #include "qvn/base/runtime_error.h"
 #include "qvn/base/utf8.h"
+#include "qvn/data/field_kind.h"
 
 namespace qvn::exports {
 namespace {
@@ -28,43 +29,9 @@ constexpr double kMargin = 1.5;
 constexpr std::size_t kFilterButton = 3;
 constexpr std::size_t kLongestBoolean = 9;  // "VERDADERO"
 
-bool isWholeType(FieldType type) {
-  switch (type) {
-    case FieldType::SmallInt:
-    case FieldType::Integer:
-    case FieldType::TinyInt:
-    case FieldType::UnsignedTinyInt:
-    case FieldType::UnsignedSmallInt:
-    case FieldType::UnsignedInt:
-    case FieldType::BigInt:
-    case FieldType::UnsignedBigInt:
-      return true;
-    case FieldType::Single:
-    case FieldType::Double:
-    case FieldType::Currency:
-    case FieldType::Date:
-    case FieldType::Boolean:
-    case FieldType::Binary:
-    case FieldType::Char:
-    case FieldType::WChar:
-    case FieldType::Numeric:
-    case FieldType::DbDate:
-    case FieldType::DbTime:
-    case FieldType::DbTimeStamp:
-    case FieldType::VarChar:
-    case FieldType::LongVarChar:
-    case FieldType::VarWChar:
-    case FieldType::LongVarWChar:
-    case FieldType::VarBinary:
-    case FieldType::LongVarBinary:
-      return false;
-  }
-  return false;
-}
-
 // Whole numbers stand without thousands separators, for most of them are codes and numbers of documents.
 std::string patternFor(const data::Field& field, bool isTotalled) {
-  if (isWholeType(field.Type())) return std::string(kWhole);
+  if (data::kindOf(field.Type()) == data::FieldKind::Whole) return std::string(kWhole);
   if (field.Type() == FieldType::Currency) return std::string(kAmount);
   if (field.Type() == FieldType::Numeric) {
     if (field.NumericScale() <= 0) return std::string(kWhole);

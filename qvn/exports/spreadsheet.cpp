@@ -1,29 +1,19 @@
 #include "qvn/exports/spreadsheet.h"
 
 #include <cerrno>
-#include <filesystem>
 #include <fstream>
 
-#include "qvn/base/path.h"
 #include "qvn/base/runtime_error.h"
 #include "qvn/exports/sheet_names.h"
 #include "qvn/exports/sheet_writer.h"
 #include "qvn/exports/workbook_writer.h"
 #include "qvn/host/file_error.h"
-#include "qvn/host/replaced_file.h"
 #include "qvn/host/require.h"
 
 namespace qvn::exports {
 namespace {
 
 constexpr std::string_view kWriteVerb = "escribir la hoja de cálculo";
-
-void requireAbsent(std::string_view path) {
-  std::error_code unreadable;  // the attempt to write tells more
-  if (std::filesystem::exists(hostPath(path), unreadable)) {
-    throw host::fileError(error_number::kFileExists, {.verb = kWriteVerb, .path = path});
-  }
-}
 
 // Says at once what a writer would find out behind the last row.
 void requireWritable(const std::string& name, std::string_view path) {
@@ -37,14 +27,13 @@ void requireWritable(const std::string& name, std::string_view path) {
 
 // The writer goes before the file that it writes.
 struct SpreadsheetExport::Workbook {
-  Workbook(std::string_view path, OnExisting existing) : file(path), onExisting(existing) {
+  Workbook(std::string_view path, OnExisting onExisting) : file(path, onExisting, kWriteVerb) {
     const WorkbookMaker maker = workbookMaker();
     requireWritable(file.name(), path);
     writer = maker({.path = file.name(), .shownAs = std::string(path)});
   }
 
   host::ReplacedFile file;
-  OnExisting onExisting;
   std::unique_ptr<WorkbookWriter> writer;
   SheetNames names;
 };
@@ -55,7 +44,6 @@ SpreadsheetExport::~SpreadsheetExport() = default;
 void SpreadsheetExport::Open(std::string_view path, OnExisting onExisting) {
   Cancel();
   report_ = {};
-  if (onExisting == OnExisting::Refuse) requireAbsent(path);
   workbook_ = std::make_unique<Workbook>(path, onExisting);
 }
 
@@ -86,11 +74,7 @@ void SpreadsheetExport::Close() {
     throw RuntimeError(error_number::kInvalidCall, "La hoja de cálculo está vacía: agregue una hoja antes de cerrarla");
   }
   workbook->writer->close();
-  if (workbook->onExisting == OnExisting::Replace) {
-    workbook->file.publish();
-  } else {
-    workbook->file.publishNew();
-  }
+  workbook->file.publish();
 }
 
 void SpreadsheetExport::Cancel() noexcept { workbook_.reset(); }

@@ -15,6 +15,7 @@
 #include "qvn/data/recordset.h"
 #include "qvn/exports/export_report.h"
 #include "qvn/exports/sheet_settings.h"
+#include "qvn/host/replaced_file.h"
 
 namespace qvn::exports {
 
@@ -23,7 +24,7 @@ namespace qvn::exports {
 /// older file of that name stays as it was.
 class SpreadsheetExport final : public Object {
  public:
-  enum class OnExisting { Refuse, Replace };
+  using OnExisting = host::OnExisting;
 
   SpreadsheetExport();
   ~SpreadsheetExport() override;

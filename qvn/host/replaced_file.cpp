@@ -4,17 +4,13 @@
 #include "qvn/host/file_error.h"
 
 namespace qvn::host {
-namespace {
 
-RuntimeError refusal(const std::error_code& code, const std::filesystem::path& path) {
-  return fileError(code, {.verb = "reemplazar el archivo", .path = path.string()});
-}
-
-}  // namespace
-
-ReplacedFile::ReplacedFile(std::string_view path) : path_(hostPath(path)), written_(path_) {
+ReplacedFile::ReplacedFile(std::string_view path, OnExisting onExisting, std::string_view purpose)
+    : path_(hostPath(path)), onExisting_(onExisting), purpose_(purpose), written_(path_) {
   std::error_code ignored;  // what cannot be looked at cannot be opened either, which says so
-  isPending_ = !std::filesystem::exists(path_, ignored) || std::filesystem::is_regular_file(path_, ignored);
+  const bool isThere = std::filesystem::exists(path_, ignored);
+  if (isThere && onExisting == OnExisting::Refuse) throw refusal(std::make_error_code(std::errc::file_exists));
+  isPending_ = !isThere || std::filesystem::is_regular_file(path_, ignored);
   if (isPending_) written_ += ".parcial";
 }
 
@@ -26,17 +22,19 @@ ReplacedFile::~ReplacedFile() {
 void ReplacedFile::publish() {
   if (!isPending_) return;
   std::error_code code;
+  if (onExisting_ == OnExisting::Refuse) {
+    // A link is refused where a renaming would take the place of another's file. Not every file system has links.
+    std::filesystem::create_hard_link(written_, path_, code);
+    if (!code) return;  // the other name goes with the object
+    if (code == std::errc::file_exists) throw refusal(code);
+  }
   std::filesystem::rename(written_, path_, code);
-  if (code) throw refusal(code, path_);
+  if (code) throw refusal(code);
   isPending_ = false;
 }
 
-void ReplacedFile::publishNew() {
-  // A link is refused where a renaming would take the place of another's file. Not every file system has links.
-  std::error_code code;
-  std::filesystem::create_hard_link(written_, path_, code);
-  if (code == std::errc::file_exists) throw refusal(code, path_);
-  if (code) publish();
+RuntimeError ReplacedFile::refusal(const std::error_code& code) const {
+  return fileError(code, {.verb = purpose_, .path = path_.string()});
 }
 
 }  // namespace qvn::host

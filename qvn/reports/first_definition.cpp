@@ -5,6 +5,7 @@
 
 #include "qvn/base/letter_case.h"
 #include "qvn/base/utf8.h"
+#include "qvn/data/field_kind.h"
 #include "qvn/host/require.h"
 #include "qvn/reports/shown_column.h"
 
@@ -26,40 +27,11 @@ constexpr std::string_view kOpening =
     "consulta = -\n";
 
 std::string_view patternOf(FieldType type) {
-  switch (type) {
-    case FieldType::Single:
-    case FieldType::Double:
-    case FieldType::Currency:
-    case FieldType::Numeric:
-      return "#,##0.00";
-    case FieldType::DbDate:
-      return "dd/mm/yyyy";
-    case FieldType::Date:
-    case FieldType::DbTimeStamp:
-      return "dd/mm/yyyy hh:nn";
-    case FieldType::DbTime:
-      return "hh:nn:ss";
-    case FieldType::SmallInt:
-    case FieldType::Integer:
-    case FieldType::Boolean:
-    case FieldType::TinyInt:
-    case FieldType::UnsignedTinyInt:
-    case FieldType::UnsignedSmallInt:
-    case FieldType::UnsignedInt:
-    case FieldType::BigInt:
-    case FieldType::UnsignedBigInt:
-    case FieldType::Binary:
-    case FieldType::Char:
-    case FieldType::WChar:
-    case FieldType::VarChar:
-    case FieldType::LongVarChar:
-    case FieldType::VarWChar:
-    case FieldType::LongVarWChar:
-    case FieldType::VarBinary:
-    case FieldType::LongVarBinary:
-      return "";
-  }
-  return "";
+  const data::FieldKind kind = data::kindOf(type);
+  if (data::hasDecimals(kind)) return "#,##0.00";
+  if (kind != data::FieldKind::Moment) return "";
+  if (type == FieldType::DbDate) return "dd/mm/yyyy";
+  return type == FieldType::DbTime ? "hh:nn:ss" : "dd/mm/yyyy hh:nn";
 }
 
 // "fecha_alta" as "Fecha alta".

@@ -1,10 +1,8 @@
 #include "qvn/reports/output_file.h"
 
 #include <cerrno>
-#include <filesystem>
 #include <system_error>
 
-#include "qvn/base/path.h"
 #include "qvn/host/file_error.h"
 
 namespace qvn::reports {
@@ -12,19 +10,9 @@ namespace {
 
 constexpr std::string_view kVerb = "escribir el informe";
 
-// Its own step, so that nothing is made beside a file that stays.
-std::string_view freePath(std::string_view path, OnExisting onExisting) {
-  std::error_code unreadable;  // the attempt to write tells more
-  if (onExisting == OnExisting::Refuse && std::filesystem::exists(hostPath(path), unreadable)) {
-    throw host::fileError(error_number::kFileExists, {.verb = kVerb, .path = path});
-  }
-  return path;
-}
-
 }  // namespace
 
-OutputFile::OutputFile(std::string_view path, OnExisting onExisting)
-    : path_(path), onExisting_(onExisting), file_(freePath(path, onExisting)) {
+OutputFile::OutputFile(std::string_view path, OnExisting onExisting) : path_(path), file_(path, onExisting, kVerb) {
   errno = 0;
   stream_.reset(std::fopen(file_.name().c_str(), "wbe"));
   if (!stream_) refuse();
@@ -42,11 +30,7 @@ void OutputFile::write(std::string_view bytes) {
 void OutputFile::publish() {
   errno = 0;
   if (std::fclose(stream_.release()) != 0) refuse();
-  if (onExisting_ == OnExisting::Replace) {
-    file_.publish();
-  } else {
-    file_.publishNew();
-  }
+  file_.publish();
 }
 
 }  // namespace qvn::reports

@@ -10,7 +10,7 @@
 
 namespace qvn::reports {
 
-enum class OnExisting { Refuse, Replace };
+using OnExisting = host::OnExisting;
 
 /// Without publish() nothing is left of it; an older file of that path stays as it is until then.
 class OutputFile {
@@ -31,7 +31,6 @@ class OutputFile {
   [[noreturn]] void refuse() const;
 
   std::string path_;
-  OnExisting onExisting_;
   host::ReplacedFile file_;
   std::unique_ptr<std::FILE, Close> stream_;  // goes before the file that it writes
 };

@@ -6,6 +6,7 @@
 #include "qvn/base/letter_case.h"
 #include "qvn/base/runtime_error.h"
 #include "qvn/base/utf8.h"
+#include "qvn/data/field_kind.h"
 #include "qvn/reports/line_text.h"
 
 namespace qvn::reports {
@@ -21,48 +22,10 @@ constexpr std::size_t kAmountWidth = 14;
 constexpr std::size_t kDateWidth = 10;
 constexpr std::size_t kMomentWidth = 19;
 
-bool isNumberType(FieldType type) {
-  switch (type) {
-    case FieldType::SmallInt:
-    case FieldType::Integer:
-    case FieldType::Single:
-    case FieldType::Double:
-    case FieldType::Currency:
-    case FieldType::TinyInt:
-    case FieldType::UnsignedTinyInt:
-    case FieldType::UnsignedSmallInt:
-    case FieldType::UnsignedInt:
-    case FieldType::BigInt:
-    case FieldType::UnsignedBigInt:
-    case FieldType::Numeric:
-      return true;
-    case FieldType::Date:
-    case FieldType::Boolean:
-    case FieldType::Binary:
-    case FieldType::Char:
-    case FieldType::WChar:
-    case FieldType::DbDate:
-    case FieldType::DbTime:
-    case FieldType::DbTimeStamp:
-    case FieldType::VarChar:
-    case FieldType::LongVarChar:
-    case FieldType::VarWChar:
-    case FieldType::LongVarWChar:
-    case FieldType::VarBinary:
-    case FieldType::LongVarBinary:
-      return false;
-  }
-  return false;
-}
-
-bool hasDecimals(FieldType type) {
-  return type == FieldType::Single || type == FieldType::Double || type == FieldType::Currency ||
-         type == FieldType::Numeric;
-}
-
 std::size_t widthOf(const data::Field& field) {
   const FieldType type = field.Type();
-  if (isNumberType(type)) return hasDecimals(type) ? kAmountWidth : kIntegerWidth;
+  const data::FieldKind kind = data::kindOf(type);
+  if (data::isNumber(kind)) return data::hasDecimals(kind) ? kAmountWidth : kIntegerWidth;
   if (type == FieldType::DbDate || type == FieldType::DbTime || type == FieldType::Boolean) return kDateWidth;
   if (type == FieldType::Date || type == FieldType::DbTimeStamp) return kMomentWidth;
   if (field.DefinedSize() <= 0) return kUnknownTextWidth;
@@ -71,7 +34,7 @@ std::size_t widthOf(const data::Field& field) {
 
 Alignment alignmentOf(const ColumnSettings& column, const data::Field& field) {
   if (column.alignment != Alignment::Automatic) return column.alignment;
-  return column.isSummed || isNumberType(field.Type()) ? Alignment::Right : Alignment::Left;
+  return column.isSummed || data::isNumber(data::kindOf(field.Type())) ? Alignment::Right : Alignment::Left;
 }
 
 std::string headingOf(const std::string& heading, const data::Field& field) {

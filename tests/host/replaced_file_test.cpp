@@ -37,14 +37,16 @@ TEST(ReplacedFile, ANewOneTakesNobodysPlace) {
   for (const std::string_view older : {"", "older"}) {
     SCOPED_TRACE(older);
     {
-      ReplacedFile file(folder.path());
+      ReplacedFile file(folder.path(), OnExisting::Refuse);
       put(file.name(), "new");
       if (!older.empty()) folder.put(older);
-      EXPECT_EQ(test::errorNumber([&] { file.publishNew(); }), older.empty() ? 0 : error_number::kFileExists);
+      EXPECT_EQ(test::errorNumber([&] { file.publish(); }), older.empty() ? 0 : error_number::kFileExists);
     }
     EXPECT_EQ(contentsOf(folder.path()), older.empty() ? "new" : older);
     EXPECT_EQ(folder.fileCount(), 1);
   }
+  EXPECT_EQ(test::errorNumber([&] { ReplacedFile(folder.path(), OnExisting::Refuse); }), error_number::kFileExists);
+  EXPECT_EQ(folder.fileCount(), 1);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "qvn/core/consecutive.h"
+#include "qvn/data/connection_string.h"
 #include "qvn/data/drivers/built_in.h"
 #include "qvn/host/unit_of_work.h"
 #include "tests/support/error_of.h"
@@ -20,6 +21,17 @@ data::ConnectionPtr connect(const std::string& connectionString) {
 }
 
 std::string node(int i) { return serverVariable(("QVN_CLUSTER_" + std::to_string(i)).c_str()); }
+
+data::ConnectionPtr overOdbc(int i) {
+  const data::ConnectionString native(node(i));
+  const std::string server = *native.value({"SERVER"});
+  const std::size_t colon = server.find(':');
+  std::string odbc = "Driver=MariaDB Unicode;SERVER=" + server.substr(0, colon) + ";PORT=" + server.substr(colon + 1);
+  for (const std::string_view name : {"UID", "PWD", "DATABASE"}) {
+    odbc.append(";").append(name).append("=").append(native.value({name}).value_or(""));
+  }
+  return connect(odbc);
+}
 
 class Cluster : public testing::Test {
  protected:
@@ -40,10 +52,11 @@ TEST_F(Cluster, OnlyTheSafeDrawIsThere) {
   EXPECT_TRUE(first_->IsClustered());
   host::QueryPtr query;
   EXPECT_EQ(errorNumber([&] { core::TraeSiguiente("nuevo", first_, {}, query); }), number::kNotSupported);
+  EXPECT_EQ(errorNumber([&] { core::TraeSiguiente("nuevo", overOdbc(2), {}, query); }), number::kNotSupported);
   first_->Execute("DELETE FROM consec WHERE dato = 'nuevo'");
-  for (std::int32_t expected = 1; expected <= 6; expected += 2) {
-    EXPECT_EQ(core::TraeSiguienteSeguro("nuevo", first_), expected);
-    EXPECT_EQ(core::TraeSiguienteSeguro("nuevo", second_), expected + 1);
+  std::int32_t expected = 0;
+  for (const auto& station : {first_, second_, overOdbc(3), first_, overOdbc(1), second_}) {
+    EXPECT_EQ(core::TraeSiguienteSeguro("nuevo", station), ++expected);
   }
 }
 

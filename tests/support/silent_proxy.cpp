@@ -52,16 +52,26 @@ SilentProxy::~SilentProxy() {
   close(listener_);
 }
 
-void SilentProxy::run() const {
-  // Behind the first two, each connection's two ends stand side by side.
+void SilentProxy::run() {
+  // Behind the first two, each connection's two ends stand side by side, the client's first.
   std::vector<pollfd> ends{{wake_, POLLIN, 0}, {listener_, POLLIN, 0}};
+  std::size_t held = 0;
   while (poll(ends.data(), ends.size(), -1) >= 0 && ends[0].revents == 0) {
     for (std::size_t i = 2; i < ends.size(); ++i) {
       if (ends[i].revents == 0) continue;
+      if (i % 2 != 0 && holdsNext_.exchange(false)) {
+        held = i;
+        ends[i].events = 0;
+        continue;
+      }
       // What comes to a silent proxy is left in its socket.
       if (!isSilent_ && passOn(ends[i].fd, ends[i ^ 1U].fd)) continue;
       ends[i].events = 0;
       if (!isSilent_) shutdown(ends[i ^ 1U].fd, SHUT_WR);
+      if (held == 0 || i % 2 != 0) continue;
+      passOn(ends[held].fd, ends[held ^ 1U].fd);
+      for (const std::size_t end : {held, held ^ 1U}) shutdown(ends[end].fd, SHUT_RDWR);
+      held = 0;
     }
     if (ends[1].revents == 0) continue;
     const int client = accept(listener_, nullptr, nullptr);

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdio>
 
+#include "qvn/data/drivers/cluster_question.h"
 #include "qvn/data/drivers/mysql/answer_wait.h"
 #include "qvn/data/drivers/mysql/hang_up.h"
 #include "qvn/data/drivers/mysql/keep_alive.h"
@@ -23,7 +24,6 @@ constexpr std::chrono::seconds kCancelTimeout{5};
 // Stack of the library's resumable calls, over which a statement waits without blocking in the library.
 constexpr std::size_t kResumableStackBytes = std::size_t{256} * 1024;
 
-constexpr std::string_view kClusterQuestion = "SELECT @@wsrep_on = 1 AND @@wsrep_provider <> 'none'";
 // Cut off from the others, a member still answers a SELECT without tables; to one with tables it says 1047.
 constexpr std::string_view kReadyQuestion = "SHOW GLOBAL STATUS LIKE 'wsrep_ready'";
 

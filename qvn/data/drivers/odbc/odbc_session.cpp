@@ -5,6 +5,7 @@
 
 #include "qvn/base/letter_case.h"
 #include "qvn/base/utf8.h"
+#include "qvn/data/drivers/cluster_question.h"
 #include "qvn/data/drivers/odbc/odbc_cursor.h"
 #include "qvn/data/drivers/odbc/odbc_error.h"
 #include "qvn/data/drivers/odbc/odbc_literal.h"
@@ -28,6 +29,8 @@ ProviderError timeoutError(std::chrono::seconds timeout, const ProviderError& re
 
 OdbcSession::OdbcSession(const ConnectRequest& request)
     : link_(odbcTarget(request), request.connectTimeout), timeout_(request.commandTimeout) {
+  // A server that knows no clusters refuses the question.
+  if (link_.engine() == EngineKind::MySql) isClustered_ = askNumber(std::string(kClusterQuestion)) == 1;
   limitLockWait();
 }
 
@@ -156,14 +159,18 @@ StatementResult OdbcSession::run(const StatementHandle& statement, std::string_v
 std::int64_t OdbcSession::lastNumber() {
   const bool isMySql = link_.engine() == EngineKind::MySql;
   if (!isMySql && link_.engine() != EngineKind::Sqlite) return 0;
-  std::string sql = isMySql ? "SELECT LAST_INSERT_ID()" : "SELECT last_insert_rowid()";
+  return askNumber(isMySql ? "SELECT LAST_INSERT_ID()" : "SELECT last_insert_rowid()").value_or(0);
+}
+
+std::optional<std::int64_t> OdbcSession::askNumber(std::string sql) {
   const StatementHandle statement = link_.newStatement();
   SQLBIGINT number = 0;
   SQLLEN size = 0;
   const bool isRead = SQL_SUCCEEDED(SQLExecDirect(statement.get(), reinterpret_cast<SQLCHAR*>(sql.data()), SQL_NTS)) &&
                       SQL_SUCCEEDED(SQLFetch(statement.get())) &&
                       SQL_SUCCEEDED(SQLGetData(statement.get(), 1, SQL_C_SBIGINT, &number, sizeof number, &size));
-  return isRead && size != SQL_NULL_DATA ? number : 0;
+  if (!isRead || size == SQL_NULL_DATA) return std::nullopt;
+  return number;
 }
 
 std::string OdbcSession::numberClause(const std::string& /*column*/) const {

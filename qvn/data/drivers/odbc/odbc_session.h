@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <optional>
 #include <string>
 
 #include "qvn/data/driver.h"
@@ -22,6 +23,7 @@ class OdbcSession final : public Session {
   void setCommandTimeout(std::chrono::seconds timeout) override;
   [[nodiscard]] std::string numberClause(const std::string& column) const override;
   [[nodiscard]] std::string engineVersion() override;
+  [[nodiscard]] bool isClustered() const override { return isClustered_; }
   [[nodiscard]] std::string literal(const Variant& value, FieldType type) const override;
 
  private:
@@ -40,9 +42,12 @@ class OdbcSession final : public Session {
   // An order to end a statement may have crossed its answer; the server that applies it to the next one finds this one.
   void absorbCancel();
   std::int64_t lastNumber();
+  // What a statement of one value says; nothing when it is NULL or fails.
+  std::optional<std::int64_t> askNumber(std::string sql);
 
   OdbcLink link_;
   std::chrono::seconds timeout_;
+  bool isClustered_ = false;
   std::atomic<SQLHSTMT> running_ = nullptr;  // what the watchdog may cancel
   Watchdog watchdog_{[this] { SQLCancel(running_); }};
 };

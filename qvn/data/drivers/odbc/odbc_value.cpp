@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "qvn/base/number_text.h"
+#include "qvn/data/field_kind.h"
 #include "qvn/data/iso_date.h"
 
 namespace qvn::data::odbc {
@@ -74,14 +75,6 @@ void convertNumber(Decimal number, FieldType type, Variant& value) {
   }
 }
 
-bool isDate(FieldType type) {
-  return type == FieldType::Date || type == FieldType::DbTime || type == FieldType::DbTimeStamp;
-}
-
-bool isText(FieldType type) {
-  return type == FieldType::WChar || type == FieldType::VarWChar || type == FieldType::LongVarWChar;
-}
-
 // A number as the engine writes it, and nothing that a text would rather be, such as "007" or "1.50".
 bool readUntyped(std::string_view text, Variant& value) {
   double number = 0;
@@ -95,12 +88,13 @@ bool readUntyped(std::string_view text, Variant& value) {
 
 // A value that its type cannot hold stays the text that it came as.
 void readText(std::string_view text, FieldType type, Variant& value) {
-  if (isDate(type)) {
+  const FieldKind kind = kindOf(type);
+  if (kind == FieldKind::Moment) {
     if (const auto date = parseIsoDate(text)) {
       value = *date;
       return;
     }
-  } else if (!isText(type) && !isBinary(type)) {
+  } else if (kind != FieldKind::Text && kind != FieldKind::Bytes) {
     double number = 0;
     const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
     if (auto decimal = Decimal::fromText(text)) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "qvn/data/field_kind.h"
+
 namespace qvn::data::persist {
 namespace {
 
@@ -60,7 +62,7 @@ constexpr auto kAliases = std::to_array<Alias>({
     {"dateTime", "", {"dateTime", "timestamp"}},
 });
 
-bool hasLengths(FieldType type) { return isText(type) || isBinary(type); }
+bool hasLengths(FieldType type) { return kindOf(type) == FieldKind::Text || kindOf(type) == FieldKind::Bytes; }
 
 const FieldType* find(std::string_view dataType, std::string_view dbType, Length length) {
   const auto* rule = std::ranges::find_if(kTypeRules, [&](const TypeRule& row) {
@@ -84,20 +86,6 @@ const FieldType* fieldType(const SavedType& saved) {
     }
   }
   return find(saved.dataType, "", saved.length);
-}
-
-bool isText(FieldType type) {
-  switch (type) {
-    case FieldType::Char:
-    case FieldType::WChar:
-    case FieldType::VarChar:
-    case FieldType::LongVarChar:
-    case FieldType::VarWChar:
-    case FieldType::LongVarWChar:
-      return true;
-    default:
-      return false;
-  }
 }
 
 }  // namespace qvn::data::persist

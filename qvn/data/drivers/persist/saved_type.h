@@ -22,7 +22,4 @@ const SavedType& savedType(FieldType type);
 /// The type that a file means; null when its data type is not known.
 const FieldType* fieldType(const SavedType& saved);
 
-/// True for the types whose values are characters.
-bool isText(FieldType type);
-
 }  // namespace qvn::data::persist

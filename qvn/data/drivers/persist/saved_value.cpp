@@ -8,7 +8,7 @@
 #include "qvn/base/number_text.h"
 #include "qvn/base/runtime_error.h"
 #include "qvn/base/utf8.h"
-#include "qvn/data/drivers/persist/saved_type.h"
+#include "qvn/data/field_kind.h"
 #include "qvn/data/iso_date.h"
 
 namespace qvn::data::persist {
@@ -130,41 +130,20 @@ std::string plainText(const Variant& value) {
 }
 
 std::string convert(const Variant& value, FieldType type) {
-  switch (type) {
-    case FieldType::SmallInt:
-    case FieldType::Integer:
-    case FieldType::TinyInt:
-    case FieldType::UnsignedTinyInt:
-    case FieldType::UnsignedSmallInt:
-    case FieldType::UnsignedInt:
-    case FieldType::BigInt:
-      return std::to_string(value.toLongLong());
-    case FieldType::Single:
-      return shortestNumber(value.toSingle());
-    case FieldType::Double:
-      return shortestNumber(value.toDouble());
-    case FieldType::Currency:
-      return value.toCurrency().toText();
-    case FieldType::Boolean:
+  switch (kindOf(type)) {
+    case FieldKind::Whole:
+      return type == FieldType::UnsignedBigInt ? value.toDecimal().toText() : std::to_string(value.toLongLong());
+    case FieldKind::Exact:
+      return type == FieldType::Currency ? value.toCurrency().toText() : value.toDecimal().toText();
+    case FieldKind::Real:
+      return type == FieldType::Single ? shortestNumber(value.toSingle()) : shortestNumber(value.toDouble());
+    case FieldKind::Boolean:
       return value.toBoolean() ? "True" : "False";
-    case FieldType::Numeric:
-    case FieldType::UnsignedBigInt:
-      return value.toDecimal().toText();
-    case FieldType::Date:
-    case FieldType::DbDate:
-    case FieldType::DbTime:
-    case FieldType::DbTimeStamp:
+    case FieldKind::Moment:
       return dateText(value.toDate(), type);
-    case FieldType::Binary:
-    case FieldType::VarBinary:
-    case FieldType::LongVarBinary:
+    case FieldKind::Bytes:
       return hexText(plainText(value));
-    case FieldType::Char:
-    case FieldType::WChar:
-    case FieldType::VarChar:
-    case FieldType::LongVarChar:
-    case FieldType::VarWChar:
-    case FieldType::LongVarWChar:
+    case FieldKind::Text:
       break;
   }
   return plainText(value);
@@ -185,6 +164,15 @@ bool readsBack(const std::string& text, FieldType type, const Variant& value) {
     return std::abs(moment(*date) - moment(value.toDate())) < kTwoMicroseconds;
   }
   return equals(again, value);
+}
+
+// What is no number.
+bool parseUncounted(std::string_view text, FieldKind kind, Variant& value) {
+  if (kind == FieldKind::Boolean) return readBoolean(text, value);
+  if (kind == FieldKind::Moment) return readDate(text, value);
+  if (kind == FieldKind::Bytes) return readBytes(text, value);
+  value.assignText(text);
+  return true;
 }
 
 }  // namespace
@@ -213,29 +201,11 @@ bool parseValue(std::string_view text, FieldType type, Variant& value) {
       return readReal<double>(text, value);
     case FieldType::Currency:
       return readCurrency(text, value);
-    case FieldType::Boolean:
-      return readBoolean(text, value);
     case FieldType::Numeric:
       return readDecimal(text, value);
-    case FieldType::Date:
-    case FieldType::DbDate:
-    case FieldType::DbTime:
-    case FieldType::DbTimeStamp:
-      return readDate(text, value);
-    case FieldType::Binary:
-    case FieldType::VarBinary:
-    case FieldType::LongVarBinary:
-      return readBytes(text, value);
-    case FieldType::Char:
-    case FieldType::WChar:
-    case FieldType::VarChar:
-    case FieldType::LongVarChar:
-    case FieldType::VarWChar:
-    case FieldType::LongVarWChar:
-      break;
+    default:
+      return parseUncounted(text, kindOf(type), value);
   }
-  value.assignText(text);
-  return true;
 }
 
 std::string formatValue(const Variant& value, FieldType type) {
@@ -243,7 +213,8 @@ std::string formatValue(const Variant& value, FieldType type) {
   bool isHeld = false;
   try {
     text = convert(value, type);
-    isHeld = isText(type) ? isWritable(text) : isBinary(type) || readsBack(text, type, value);
+    const FieldKind kind = kindOf(type);
+    isHeld = kind == FieldKind::Text ? isWritable(text) : kind == FieldKind::Bytes || readsBack(text, type, value);
   } catch (const RuntimeError&) {
     // Whether the conversion calls it an overflow or no number, this type does not hold it.
   }

@@ -67,18 +67,34 @@ TEST_F(MysqlReconnect, NotWhileRowsAreOnTheirWay) {
             number::kUnspecified);
 }
 
+class MysqlReconnectOverProxy : public MysqlReconnect {
+ protected:
+  SilentProxy proxy_{std::stoi(*data::ConnectionString(mysqlTcpConnectionString()).value({"PORT"}))};
+  // The server itself stands behind the proxy in its list.
+  std::unique_ptr<data::Session> proxied_ =
+      connectTo(mysqlTcpConnectionString() +
+                    ";Reconnect=Yes;Connect Timeout=1;SERVER=127.0.0.1:" + std::to_string(proxy_.port()) + ",127.0.0.1",
+                seconds(1));
+};
+
+// What follows would otherwise be stored one by one on another connection.
+TEST_F(MysqlReconnectOverProxy, ATransactionThatBeganLateIsLostWithItsConnection) {
+  proxy_.holdNextAnswer();
+  proxied_->execute("BEGIN");
+  const auto error = errorNumber([&] { proxied_->execute("INSERT INTO qvn_ventas VALUES (1)"); });
+  EXPECT_EQ(error, number::kUnspecified);
+  EXPECT_EQ(shown(scalar("SELECT COUNT(*) FROM qvn_ventas")), shown(std::int64_t{0}));
+  proxied_->execute("ROLLBACK");
+  proxied_->execute("INSERT INTO qvn_ventas VALUES (2)");
+}
+
 // Nobody knows whether it was done.
-TEST_F(MysqlReconnect, AStatementWhoseAnswerWasLostIsNotRepeated) {
-  const auto port = *data::ConnectionString(mysqlTcpConnectionString()).value({"PORT"});
-  SilentProxy proxy(std::stoi(port));
-  const auto session = connectTo(mysqlTcpConnectionString() + ";Reconnect=Yes;Connect Timeout=1;SERVER=127.0.0.1:" +
-                                     std::to_string(proxy.port()) + ",127.0.0.1",
-                                 seconds(1));
-  const std::string first = test::scalar(*session, "SELECT CONNECTION_ID()").toText();
-  proxy.goSilent();
-  EXPECT_EQ(errorNumber([&] { session->execute("INSERT INTO qvn_ventas VALUES (1)"); }), number::kUnspecified);
-  EXPECT_EQ(test::shown(test::scalar(*session, "SELECT COUNT(*) FROM qvn_ventas")), shown(std::int64_t{0}));
-  EXPECT_NE(test::scalar(*session, "SELECT CONNECTION_ID()").toText(), first);
+TEST_F(MysqlReconnectOverProxy, AStatementWhoseAnswerWasLostIsNotRepeated) {
+  const std::string first = test::scalar(*proxied_, "SELECT CONNECTION_ID()").toText();
+  proxy_.goSilent();
+  EXPECT_EQ(errorNumber([&] { proxied_->execute("INSERT INTO qvn_ventas VALUES (1)"); }), number::kUnspecified);
+  EXPECT_EQ(test::shown(test::scalar(*proxied_, "SELECT COUNT(*) FROM qvn_ventas")), shown(std::int64_t{0}));
+  EXPECT_NE(test::scalar(*proxied_, "SELECT CONNECTION_ID()").toText(), first);
 }
 
 TEST_F(MysqlReconnect, KeepsTheLimitOfLockWaits) {
