@@ -9,7 +9,9 @@ ReplacedFile::ReplacedFile(std::string_view path, OnExisting onExisting, std::st
     : path_(hostPath(path)), onExisting_(onExisting), purpose_(purpose), written_(path_) {
   std::error_code ignored;  // what cannot be looked at cannot be opened either, which says so
   const bool isThere = std::filesystem::exists(path_, ignored);
-  if (isThere && onExisting == OnExisting::Refuse) throw refusal(std::make_error_code(std::errc::file_exists));
+  if (isThere && onExisting == OnExisting::Refuse) {
+    throw fileError(error_number::kFileExists, {.verb = purpose, .path = path});
+  }
   isPending_ = !isThere || std::filesystem::is_regular_file(path_, ignored);
   if (isPending_) written_ += ".parcial";
 }

@@ -36,6 +36,7 @@ TEST(ReplacedFile, ANewOneTakesNobodysPlace) {
   const test::ScratchFolder folder;
   for (const std::string_view older : {"", "older"}) {
     SCOPED_TRACE(older);
+    std::filesystem::remove(folder.path());
     {
       ReplacedFile file(folder.path(), OnExisting::Refuse);
       put(file.name(), "new");
