@@ -35,34 +35,27 @@ TEST(WideText, ReplacesWhatIsNoCharacter) {
 
 TEST(Wildcard, FitsTheWholeName) {
   struct Row {
-    const char16_t* name;
-    const char16_t* pattern;
-    bool fits;
+    std::u16string name;
+    std::vector<std::u16string> fitting;
+    std::vector<std::u16string> others;
   };
-  static constexpr Row kRows[] = {
-      {u"a.txt", u"a.txt", true},
-      {u"a.txt", u"a.tx", false},
-      {u"a.tx", u"a.txt", false},
-      {u"a", u"*.*", true},
-      {u"a.txt", u"*", true},
-      {u"a.txt", u"*.txt", true},
-      {u"a.txt.b", u"*.txt", false},
-      {u"a.txt.txt", u"*.txt", true},
-      {u"aab", u"a*ab", true},
-      {u"ab", u"a*ab", false},
-      {u"abc", u"a?c", true},
-      {u"ac", u"a?c", false},
-      {u"abc", u"abc***", true},
-      {u"", u"*", true},
-      {u"", u"?", false},
-      {u"", u"", true},
-      {u"a", u"", false},
-      {u"a[b]", u"a[b]", true},
-      {u"A", u"a", false},
-      {u"abababab", u"*ab?b*b", true},
-  };
-  for (const Row& row : kRows) {
-    EXPECT_EQ(matchesWildcard(row.name, row.pattern), row.fits) << fromWide(row.name) << " " << fromWide(row.pattern);
+  const Row rows[] = {{u"a.txt", {u"a.txt", u"*", u"*.txt"}, {u"a.tx"}},
+                      {u"a.tx", {}, {u"a.txt"}},
+                      {u"a.txt.b", {}, {u"*.txt"}},
+                      {u"a.txt.txt", {u"*.txt"}, {}},
+                      {u"", {u"*", u""}, {u"?"}},
+                      {u"a", {u"*.*"}, {u""}},
+                      {u"A", {}, {u"a"}},
+                      {u"ac", {}, {u"a?c"}},
+                      {u"abc", {u"a?c", u"abc***"}, {}},
+                      {u"ab", {}, {u"a*ab"}},
+                      {u"aab", {u"a*ab"}, {}},
+                      {u"a[b]", {u"a[b]"}, {}},
+                      {u"abababab", {u"*ab?b*b"}, {}}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(fromWide(row.name));
+    for (const auto& pattern : row.fitting) EXPECT_TRUE(matchesWildcard(row.name, pattern)) << fromWide(pattern);
+    for (const auto& pattern : row.others) EXPECT_FALSE(matchesWildcard(row.name, pattern)) << fromWide(pattern);
   }
 }
 

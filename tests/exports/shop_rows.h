@@ -23,4 +23,12 @@ inline data::RecordsetPtr numbersTo(int count, const std::string& fields = "n") 
                 ") SELECT " + fields + " FROM c");
 }
 
+/// Rows that end in an error behind the first: a number without its opposite, which the engine finds out only then.
+inline data::RecordsetPtr failingRows() {
+  return rowsOf("SELECT 1 AS n UNION ALL SELECT abs(-9223372036854775807 - 1)");
+}
+
+/// The field without rows.
+inline data::RecordsetPtr noRows() { return rowsOf("SELECT 1 AS n WHERE 0"); }
+
 }  // namespace qvn::test

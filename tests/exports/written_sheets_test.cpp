@@ -10,11 +10,6 @@
 namespace qvn::exports::xlsxwriter {
 namespace {
 
-std::string contentsOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 TEST(WrittenSheets, AreCountedRowByRow) {
   const test::ScratchFolder folder;
   const std::string path = folder.path("v.xlsx");
@@ -46,7 +41,7 @@ TEST(WrittenSheets, AreMissedInAFileThatWasCutOrOverwritten) {
   excel.Open(folder.path("v.xlsx"));
   excel.AddSheet(test::numbersTo(200));
   excel.Close();
-  const std::string whole = contentsOf(folder.path("v.xlsx"));
+  const std::string whole = folder.bytes("v.xlsx");
   ASSERT_GT(whole.size(), 1000U);
   for (std::size_t size = 0; size < whole.size(); size += 61) {
     SCOPED_TRACE(size);

@@ -1,26 +1,14 @@
 // Reports as PDF, read back by poppler's programs.
 #include <gtest/gtest.h>
 
-#include <array>
-
 #include "tests/exports/shop_rows.h"
 #include "tests/reports/written_report.h"
 #include "tests/support/error_of.h"
 #include "tests/support/file_size_limit.h"
+#include "tests/support/program_output.h"
 
 namespace qvn::reports {
 namespace {
-
-std::string outputOf(const std::string& command) {
-  const std::unique_ptr<FILE, int (*)(FILE*)> output(popen((command + " 2>&1").c_str(), "r"), pclose);
-  std::string text;
-  std::array<char, 4096> part{};
-  for (std::size_t count = 1; output && count > 0;) {
-    count = std::fread(part.data(), 1, part.size(), output.get());
-    text.append(part.data(), count);
-  }
-  return text;
-}
 
 std::size_t countOf(std::string_view text, std::string_view part) {
   std::size_t count = 0;
@@ -34,8 +22,8 @@ class PdfReport : public testing::Test {
     EXPECT_TRUE(Report(settings).save(rows, path_, {.onExisting = OnExisting::Replace, .paper = paper}));
     EXPECT_EQ(folder_.fileCount(), 1);
   }
-  [[nodiscard]] std::string text() const { return outputOf("pdftotext -layout '" + path_ + "' -"); }
-  [[nodiscard]] std::string facts() const { return outputOf("pdfinfo '" + path_ + "'"); }
+  [[nodiscard]] std::string text() const { return test::outputOf("pdftotext -layout '" + path_ + "' -"); }
+  [[nodiscard]] std::string facts() const { return test::outputOf("pdfinfo '" + path_ + "'"); }
 
   test::ScratchFolder folder_;
   std::string path_ = folder_.path("v.pdf");

@@ -1,7 +1,8 @@
-// The number of the error that a call raises.
+// The error that a call raises.
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "qvn/base/runtime_error.h"
 
@@ -16,6 +17,17 @@ std::int32_t errorNumber(Call call) {
     return error.number();
   }
   return 0;
+}
+
+/// What the RuntimeError that `call` throws says; "" when it throws nothing.
+template <typename Call>
+std::string errorText(Call call) {
+  try {
+    call();
+  } catch (const RuntimeError& error) {
+    return error.description();
+  }
+  return {};
 }
 
 }  // namespace qvn::test

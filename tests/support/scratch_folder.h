@@ -29,8 +29,13 @@ class ScratchFolder {
   [[nodiscard]] std::ptrdiff_t fileCount() const {
     return std::distance(std::filesystem::directory_iterator(folder_), std::filesystem::directory_iterator());
   }
-  void put(std::string_view text) const {
-    std::ofstream(path(), std::ios::binary).write(text.data(), static_cast<std::streamsize>(text.size()));
+  void put(std::string_view text, std::string_view name = "r.xml") const {
+    std::ofstream(path(name), std::ios::binary).write(text.data(), static_cast<std::streamsize>(text.size()));
+  }
+  /// What a file of it holds; nothing when it is not there.
+  [[nodiscard]] std::string bytes(std::string_view name = "r.xml") const {
+    std::ifstream file(path(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
   }
 
  private:

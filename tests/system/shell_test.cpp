@@ -18,26 +18,26 @@ class Shell : public testing::Test {
   Shell() {
     std::filesystem::create_directory(folder_.path("bin"));
     std::filesystem::create_directory(folder_.path("datos"));
-    for (const char* const name : {"bin/xdg-open", "bin/lp", "bin/caja", "datos/local"}) script(name);
-    std::ofstream(folder_.path("datos/nota.txt")) << "x";
+    for (const std::string name : {"bin/xdg-open", "bin/lp", "bin/caja", "datos/local"}) {
+      const std::string noted = folder_.path("t");
+      folder_.put(
+          "#!/bin/sh\nprintf '%s|' " + name + " \"$PWD\" \"$@\" >" + noted + "\nmv " + noted + " " + folder_.path(),
+          name);
+      std::filesystem::permissions(folder_.path(name), std::filesystem::perms::owner_all);
+    }
+    folder_.put("x", "datos/nota.txt");
     setenv("PATH", (folder_.path("bin") + ":" + path_).c_str(), 1);
   }
   ~Shell() override { setenv("PATH", path_.c_str(), 1); }
 
-  void script(const std::string& name) const {
-    std::ofstream(folder_.path(name)) << "#!/bin/sh\nprintf '%s|' " << name << " \"$PWD\" \"$@\" >" << folder_.path("t")
-                                      << "\nmv " << folder_.path("t") << " " << folder_.path("hecho") << "\n";
-    std::filesystem::permissions(folder_.path(name), std::filesystem::perms::owner_all);
-  }
   /// What the script noted down, once it has.
   [[nodiscard]] std::string done() const {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    while (!std::filesystem::exists(folder_.path("hecho")) && std::chrono::steady_clock::now() < deadline) {
+    while (!std::filesystem::exists(folder_.path()) && std::chrono::steady_clock::now() < deadline) {
       std::this_thread::yield();
     }
-    std::string text;
-    std::getline(std::ifstream(folder_.path("hecho")), text);
-    std::filesystem::remove(folder_.path("hecho"));
+    const std::string text = folder_.bytes();
+    std::filesystem::remove(folder_.path());
     return text;
   }
 

@@ -9,19 +9,15 @@ namespace {
 
 TEST(TextFile, IsWrittenLineByLine) {
   const test::ScratchFolder folder;
-  const auto contents = [&](const char* name) {
-    std::ifstream stream(folder.path(name), std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(stream), {});
-  };
   const Variant file = folder.path("a.txt");
   OutLine(file, "uno");
   OutFile(file, 2.5);
   OutLine(file, "");
-  EXPECT_EQ(contents("a.txt"), "uno\r\n2.5\r\n\r\n");
+  EXPECT_EQ(folder.bytes("a.txt"), "uno\r\n2.5\r\n\r\n");
   Out(file, "otro\nñ");
-  EXPECT_EQ(contents("a.txt"), "otro\nñ\r\n");
+  EXPECT_EQ(folder.bytes("a.txt"), "otro\nñ\r\n");
   Out(folder.path("") + R"(.\b.txt)", "x");
-  EXPECT_EQ(contents("b.txt"), "x\r\n");
+  EXPECT_EQ(folder.bytes("b.txt"), "x\r\n");
 }
 
 TEST(TextFile, IgnoresEveryFailure) {
