@@ -1,4 +1,4 @@
-// A way to a server that can go silent: connections stay open and nothing passes any more.
+// A way to a server that can go silent, when connections stay open and nothing passes any more, or be cut.
 #pragma once
 
 #include <atomic>
@@ -17,6 +17,8 @@ class SilentProxy {
   [[nodiscard]] int port() const { return port_; }
   /// From now on nothing passes; new connections are taken and not answered.
   void goSilent() { isSilent_ = true; }
+  /// Closes all connections.
+  void cut();
 
  private:
   void run() const;

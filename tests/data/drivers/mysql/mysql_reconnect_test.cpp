@@ -1,6 +1,5 @@
 // Lost connections that are opened again between statements.
 #include "tests/data/drivers/mysql/mysql_fixture.h"
-#include "tests/support/provider_error_of.h"
 #include "tests/support/silent_proxy.h"
 
 namespace qvn::test {
@@ -69,8 +68,7 @@ TEST_F(MysqlReconnect, NotWhileRowsAreOnTheirWay) {
 
 // Nobody knows whether it was done.
 TEST_F(MysqlReconnect, AStatementWhoseAnswerWasLostIsNotRepeated) {
-  const auto port = *data::ConnectionString(mysqlTcpConnectionString()).value({"PORT"});
-  SilentProxy proxy(std::stoi(port));
+  SilentProxy proxy(mysqlPort());
   const auto session = connectTo(mysqlTcpConnectionString() + ";Reconnect=Yes;Connect Timeout=1;SERVER=127.0.0.1:" +
                                      std::to_string(proxy.port()) + ",127.0.0.1",
                                  seconds(1));
