@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "qvn/base/number_text.h"
+#include "qvn/data/connection_string.h"
 #include "qvn/data/driver.h"
 
 namespace qvn::test {
@@ -39,6 +41,11 @@ inline Variant scalar(data::Session& session, const std::string& sql) {
   }
   result.cursor->read(0, value);
   return value;
+}
+
+/// Whether the driver takes each of the connection strings.
+inline void expectServed(const data::Driver& driver, const std::vector<std::pair<const char*, bool>>& rows) {
+  for (const auto& [text, isServed] : rows) EXPECT_EQ(driver.accepts(data::ConnectionString(text)), isServed) << text;
 }
 
 }  // namespace qvn::test

@@ -46,10 +46,15 @@ SilentProxy::SilentProxy(int serverPort)
 }
 
 SilentProxy::~SilentProxy() {
-  eventfd_write(wake_, 1);
-  thread_.join();
+  cut();
   close(wake_);
   close(listener_);
+}
+
+void SilentProxy::cut() {
+  if (!thread_.joinable()) return;
+  eventfd_write(wake_, 1);
+  thread_.join();
 }
 
 void SilentProxy::run() {

@@ -1,5 +1,5 @@
-// A way to a server that can fail: go silent, so that connections stay open and nothing passes any more, or lose one
-// connection right behind an answer.
+// A way to a server that can fail: go silent, so that connections stay open and nothing passes any more, be cut, or lose
+// one connection right behind an answer.
 #pragma once
 
 #include <atomic>
@@ -21,6 +21,8 @@ class SilentProxy {
   /// The server's next answer is held until another connection has come and gone, as the one does that ends a statement
   /// whose time is up. It passes then, and the connection that it belongs to is lost.
   void holdNextAnswer() { holdsNext_ = true; }
+  /// Closes all connections.
+  void cut();
 
  private:
   void run();

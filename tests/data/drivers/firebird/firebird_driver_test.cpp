@@ -12,47 +12,29 @@ namespace {
 namespace number = data::provider_number;
 
 TEST(FirebirdDriver, ServesConnectionStringsThatNameIt) {
-  struct Row {
-    const char* text;
-    bool expected;
-  };
-  static constexpr Row kRows[] = {
-      {"Provider=IbOleDb;Data Source=x", true},
-      {"provider=iboledb.1", true},
-      {"Provider=SQLite;x=IbOleDb", false},
-      {"Provider=IbOle", false},
-      {"", false},
-  };
-  for (const Row& row : kRows) {
-    EXPECT_EQ(data::firebirdDriver()->accepts(data::ConnectionString(row.text)), row.expected) << row.text;
-  }
+  expectServed(*data::firebirdDriver(), {{"Provider=IbOleDb;Data Source=x", true},
+                                         {"provider=iboledb.1", true},
+                                         {"Provider=SQLite;x=IbOleDb", false},
+                                         {"Provider=IbOle", false},
+                                         {"", false}});
 }
 
 TEST(FirebirdDriver, TellsWhyADatabaseWasNotOpened) {
   const ScratchFolder folder;
   std::ofstream(folder.path("texto.fdb")) << std::string(10'000, 'x');
-  struct Row {
-    std::string parameters;
-    std::int32_t number;
-    std::string words;
+  const std::vector<Failure> failures = {
+      {.cause = "User ID=SYSDBA", .number = number::kBadConnectionString, .words = "Data Source"},
+      {.cause = "Data Source=x.fdb;Mode=Nada", .number = number::kBadConnectionString, .words = "Mode"},
+      {.cause = "Data Source=C:\\tienda\\x.fdb", .number = number::kBadConnectionString, .words = "C:/tienda/x.fdb"},
+      {.cause = "Data Source=" + folder.path("no_hay.fdb"), .number = number::kUnspecified, .words = "no_hay.fdb"},
+      {.cause = "Data Source=" + folder.path("no_hay/x.fdb") + ";Mode=ReadWriteCreate",
+       .number = number::kUnspecified,
+       .words = "no_hay/x.fdb"},
+      {.cause = "Data Source=" + folder.path("texto.fdb"), .number = number::kUnspecified, .words = "texto.fdb"},
+      {.cause = "Data Source=127.0.0.1/1:/x.fdb", .number = number::kUnspecified, .words = "«127.0.0.1/1:/x.fdb»"},
   };
-  const Row rows[] = {
-      {"User ID=SYSDBA", number::kBadConnectionString, "Data Source"},
-      {"Data Source=x.fdb;Mode=Nada", number::kBadConnectionString, "Mode"},
-      {"Data Source=C:\\tienda\\x.fdb", number::kBadConnectionString, "C:/tienda/x.fdb"},
-      {"Data Source=" + folder.path("no_hay.fdb"), number::kUnspecified, "no_hay.fdb"},
-      {"Data Source=" + folder.path("no_hay/x.fdb") + ";Mode=ReadWriteCreate", number::kUnspecified, "no_hay/x.fdb"},
-      {"Data Source=" + folder.path("texto.fdb"), number::kUnspecified, "texto.fdb"},
-      {"Data Source=127.0.0.1/1:/x.fdb", number::kUnspecified, "«127.0.0.1/1:/x.fdb»"},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.parameters);
-    const auto error = providerError([&] { connectTo("Provider=IbOleDb;Password=secreto-1;" + row.parameters); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->number(), row.number);
-    EXPECT_NE(error->description().find(row.words), std::string::npos) << error->description();
-    EXPECT_EQ(error->description().find("secreto"), std::string::npos) << error->description();
-  }
+  expectFailures("Firebird", failures,
+                 [](const std::string& parameters) { connectTo("Provider=IbOleDb;Password=secreto-1;" + parameters); });
 }
 
 TEST(FirebirdDriver, PathsHoldAnyLetterInAnyLocale) {
@@ -79,16 +61,6 @@ TEST_F(FirebirdModes, ReadOnlyWritesNothing) {
 TEST_F(FirebirdModes, NewDatabasesHoldUnicode) {
   EXPECT_EQ(shown(scalar("SELECT TRIM(RDB$CHARACTER_SET_NAME) FROM RDB$DATABASE")), shown("UTF8"));
   EXPECT_TRUE(session_->engineVersion().starts_with("Firebird ")) << session_->engineVersion();
-}
-
-TEST_F(FirebirdModes, ASessionEndedInMidResultIsLost) {
-  const std::string id = scalar("SELECT CURRENT_CONNECTION FROM RDB$DATABASE").toText();
-  data::StatementResult open = session_->execute("SELECT RDB$FIELD_NAME FROM RDB$FIELDS");
-  ASSERT_TRUE(open.cursor->next());
-  another()->execute("DELETE FROM MON$ATTACHMENTS WHERE MON$ATTACHMENT_ID = " + id);
-  EXPECT_EQ(errorNumber([&] { remaining(*open.cursor); }), number::kUnspecified);
-  EXPECT_FALSE(open.cursor->next());
-  EXPECT_EQ(errorNumber([&] { session_->execute("SELECT 1 FROM RDB$DATABASE"); }), number::kUnspecified);
 }
 
 }  // namespace

@@ -31,26 +31,9 @@ class FirebirdStatement : public FirebirdTest {
   std::unique_ptr<data::Session> other_ = another(seconds(2));
 };
 
-TEST_F(FirebirdStatement, CountsTheRowsThatMatched) {
-  EXPECT_EQ(session_->execute("INSERT INTO caja SELECT 7, 7 FROM RDB$DATABASE UNION SELECT 8, 7 FROM RDB$DATABASE")
-                .affectedRows,
-            2);
-  EXPECT_EQ(session_->execute("UPDATE caja SET abono = 7").affectedRows, 2);
-  const StatementResult none = session_->execute("DELETE FROM caja WHERE id = 99");
-  EXPECT_EQ(none.affectedRows, 0);
-  EXPECT_EQ(none.cursor, nullptr);
-}
-
 TEST_F(FirebirdStatement, ErrorsKeepTheEnginesCodeAndWords) {
   insert(1);
-  struct Row {
-    std::string sql;
-    std::int32_t number;
-    std::int32_t nativeError;
-    const char* sqlState;
-    const char* words;
-  };
-  const Row rows[] = {
+  const std::vector<Failure> failures = {
       {"SELEC 1", number::kStatementRefused, -104, "42000", "SELEC"},
       {"SELECT 1 FROM caja; SELECT 2 FROM caja", number::kStatementRefused, -104, "42000", "SELECT"},
       {"DELETE FROM caja; DELETE FROM caja", number::kStatementRefused, -104, "42000", "DELETE"},
@@ -62,18 +45,7 @@ TEST_F(FirebirdStatement, ErrorsKeepTheEnginesCodeAndWords) {
       {"INSERT INTO caja VALUES (1, 2)", number::kIntegrityViolation, -803, "23000", "CAJA"},
       {"INSERT INTO caja VALUES (2, NULL)", number::kIntegrityViolation, -625, "23000", "ABONO"},
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.sql);
-    const auto error = providerError([&] { session_->execute(row.sql); });
-    ASSERT_TRUE(error);
-    const data::ErrorItem& item = error->errors().front();
-    EXPECT_EQ(item.number, row.number);
-    EXPECT_EQ(item.nativeError, row.nativeError);
-    EXPECT_EQ(item.sqlState, row.sqlState);
-    EXPECT_EQ(item.source, "Firebird");
-    EXPECT_FALSE(item.isLockConflict);
-    EXPECT_NE(item.description.find(row.words), std::string::npos) << item.description;
-  }
+  expectFailures("Firebird", failures, [this](const std::string& sql) { session_->execute(sql); });
   EXPECT_EQ(ids(*session_), longs({1}));
 }
 
@@ -171,12 +143,13 @@ TEST_F(FirebirdStatement, AHeldRowIsALockConflict) {
     SCOPED_TRACE(inside);
     other_->execute(inside);
     const auto start = steady_clock::now();
-    const auto error = providerError([&] { other_->execute("UPDATE caja SET abono = 2"); });
+    expectFailures("Firebird",
+                   {{.cause = "UPDATE caja SET abono = 2",
+                     .number = number::kTimeout,
+                     .nativeError = -913,
+                     .isLockConflict = true}},
+                   [this](const std::string& sql) { other_->execute(sql); });
     EXPECT_LT(steady_clock::now() - start, seconds(4));
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->number(), number::kTimeout);
-    EXPECT_EQ(error->errors().front().nativeError, -913);
-    EXPECT_TRUE(error->errors().front().isLockConflict);
   }
   other_->execute("ROLLBACK");
   session_->execute("COMMIT");
@@ -189,26 +162,12 @@ TEST_F(FirebirdStatement, AConflictFoundAtOnceIsRefused) {
   session_->execute("UPDATE caja SET abono = 1");
   other_->setCommandTimeout(seconds(30));
   other_->execute("SET TRANSACTION NO WAIT");
-  const auto error = providerError([&] { other_->execute("UPDATE caja SET abono = 2"); });
-  ASSERT_TRUE(error);
-  EXPECT_EQ(error->number(), number::kStatementRefused);
-  EXPECT_EQ(error->errors().front().sqlState, "40001");
-  EXPECT_TRUE(error->errors().front().isLockConflict);
-}
-
-TEST_F(FirebirdStatement, TimeoutCancelsAndTheSessionGoesOn) {
-  insert(1);
-  const StatementResult open = other_->execute("SELECT id FROM caja");
-  const std::string slow = "SELECT COUNT(*) FROM RDB$FIELDS a, RDB$FIELDS b, RDB$FIELDS c, RDB$FIELDS d";
-  const auto start = steady_clock::now();
-  const auto error = providerError([&] { other_->execute(slow); });
-  EXPECT_LT(steady_clock::now() - start, seconds(5));
-  ASSERT_TRUE(error);
-  EXPECT_EQ(error->number(), number::kTimeout);
-  EXPECT_EQ(error->errors().front().sqlState, "HYT00");
-  EXPECT_FALSE(error->errors().front().isLockConflict);
-  EXPECT_EQ(ids(*other_), longs({1}));
-  EXPECT_EQ(remaining(*open.cursor), longs({1}));
+  expectFailures("Firebird",
+                 {{.cause = "UPDATE caja SET abono = 2",
+                   .number = number::kStatementRefused,
+                   .sqlState = "40001",
+                   .isLockConflict = true}},
+                 [this](const std::string& sql) { other_->execute(sql); });
 }
 
 }  // namespace

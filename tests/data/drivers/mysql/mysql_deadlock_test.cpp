@@ -1,6 +1,5 @@
 // A transaction that the server takes back while the rows of a locking read are on their way.
 #include "tests/data/drivers/mysql/mysql_fixture.h"
-#include "tests/support/provider_error_of.h"
 
 namespace qvn::test {
 namespace {
@@ -38,12 +37,10 @@ class MysqlDeadlock : public MysqlTest {
   // Returns once the victim's transaction has been taken back.
   void win() { winner_->execute("UPDATE qvn_filas SET n = 1 WHERE id = 1"); }
 
-  static void expectDeadlock(const std::optional<data::ProviderError>& error) {
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->number(), number::kStatementRefused);
-    EXPECT_EQ(error->errors().front().nativeError, 1213);
-    EXPECT_EQ(error->errors().front().sqlState, "40001");
-    EXPECT_TRUE(error->errors().front().isLockConflict);
+  template <typename Call>
+  static void expectDeadlock(Call call) {
+    expectFailures("MySQL", {{"deadlock", number::kStatementRefused, 1213, "40001", "", true}},
+                   [&](const std::string& /*cause*/) { call(); });
   }
 
   std::unique_ptr<data::Session> turn_ = turnOn("qvn_filas");
@@ -54,9 +51,9 @@ TEST_F(MysqlDeadlock, IsNotTheEndOfTheRows) {
   const StatementResult rows = read();
   win();
   std::size_t count = 1;
-  expectDeadlock(providerError([&] {
+  expectDeadlock([&] {
     while (rows.cursor->next()) ++count;
-  }));
+  });
   EXPECT_GT(count, 1u);
   EXPECT_LT(count, kRows);
   EXPECT_FALSE(rows.cursor->next());
@@ -65,11 +62,11 @@ TEST_F(MysqlDeadlock, IsNotTheEndOfTheRows) {
 TEST_F(MysqlDeadlock, FailsTheStatementThatStartsWhileItArrivesAndTheCursor) {
   const StatementResult rows = read();
   win();
-  expectDeadlock(providerError([&] { session_->execute("SELECT 7"); }));
+  expectDeadlock([&] { session_->execute("SELECT 7"); });
   EXPECT_EQ(shown(scalar("SELECT 7")), shown(std::int32_t{7}));
-  expectDeadlock(providerError([&] {
+  expectDeadlock([&] {
     while (rows.cursor->next()) continue;
-  }));
+  });
 }
 
 // What comes next would run outside the transaction that the host believes in.
@@ -77,7 +74,7 @@ TEST_F(MysqlDeadlock, BehindRowsThatNobodyReadFailsTheNextStatement) {
   StatementResult rows = read();
   win();
   rows.cursor.reset();
-  expectDeadlock(providerError([&] { session_->execute("INSERT INTO qvn_escrito VALUES (10000)"); }));
+  expectDeadlock([&] { session_->execute("INSERT INTO qvn_escrito VALUES (10000)"); });
   EXPECT_EQ(shown(scalar("SELECT COUNT(*) FROM qvn_escrito WHERE id > 5000")), shown(std::int64_t{0}));
 }
 

@@ -9,6 +9,7 @@
 #include "qvn/data/drivers/mysql/mysql_driver.h"
 #include "tests/support/driver_session.h"
 #include "tests/support/error_of.h"
+#include "tests/support/failures.h"
 #include "tests/support/mysql_server.h"
 
 namespace qvn::test {
@@ -18,6 +19,9 @@ inline std::unique_ptr<data::Session> connectTo(const std::string& connectionStr
   const data::ConnectionString parameters(connectionString);
   return data::mysqlDriver()->connect({parameters, {}, {}, {}, timeout, timeout});
 }
+
+/// Of the test server.
+inline int mysqlPort() { return std::stoi(*data::ConnectionString(mysqlTcpConnectionString()).value({"PORT"})); }
 
 class MysqlTest : public testing::Test {
  protected:

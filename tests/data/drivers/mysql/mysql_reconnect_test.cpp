@@ -1,6 +1,5 @@
 // Lost connections that are opened again between statements.
 #include "tests/data/drivers/mysql/mysql_fixture.h"
-#include "tests/support/provider_error_of.h"
 #include "tests/support/silent_proxy.h"
 
 namespace qvn::test {
@@ -69,7 +68,7 @@ TEST_F(MysqlReconnect, NotWhileRowsAreOnTheirWay) {
 
 class MysqlReconnectOverProxy : public MysqlReconnect {
  protected:
-  SilentProxy proxy_{std::stoi(*data::ConnectionString(mysqlTcpConnectionString()).value({"PORT"}))};
+  SilentProxy proxy_{mysqlPort()};
   // The server itself stands behind the proxy in its list.
   std::unique_ptr<data::Session> proxied_ =
       connectTo(mysqlTcpConnectionString() +

@@ -1,7 +1,6 @@
 #include "qvn/data/drivers/mysql/server_list.h"
 
 #include "tests/data/drivers/mysql/mysql_fixture.h"
-#include "tests/support/provider_error_of.h"
 #include "tests/support/silent_proxy.h"
 
 namespace qvn::data::mysql {
@@ -22,11 +21,7 @@ std::string namesOf(const std::vector<ServerAddress>& servers) {
 }
 
 TEST(ServerList, ReadsServersAndPorts) {
-  struct Row {
-    const char* options;
-    const char* expected;
-  };
-  static constexpr Row kRows[] = {
+  static constexpr std::pair<const char*, const char*> kRows[] = {
       {"", "«localhost»"},
       {"SERVER=", "«localhost»"},
       {"SERVER=caja", "«caja»"},
@@ -38,7 +33,7 @@ TEST(ServerList, ReadsServersAndPorts) {
       {"SERVER=fe80::1,[::1]:3308,[::2];PORT=3307", "«fe80::1:3307»«::1:3308»«::2:3307»"},
       {"SERVER=a,b;SOCKET=/run/s", "«/run/s»"},
   };
-  for (const Row& row : kRows) EXPECT_EQ(namesOf(listOf(row.options).servers), row.expected) << row.options;
+  for (const auto& [options, expected] : kRows) EXPECT_EQ(namesOf(listOf(options).servers), expected) << options;
 }
 
 TEST(ServerList, ReadsOptions) {
@@ -83,8 +78,7 @@ TEST(ServerList, ChanceOrdersTheServersOnlyWhenAsked) {
 std::string servers(const std::string& list) { return test::mysqlTcpConnectionString() + ";SERVER=" + list; }
 
 TEST(ServersInTurn, TheFirstThatAnswersServes) {
-  const auto port = *ConnectionString(test::mysqlTcpConnectionString()).value({"PORT"});
-  test::SilentProxy frozen(std::stoi(port));
+  test::SilentProxy frozen(test::mysqlPort());
   frozen.goSilent();
   const std::string silent = "127.0.0.1:" + std::to_string(frozen.port());
   for (const std::string& before : {std::string("no-hay.invalid"), std::string("127.0.0.1:1"), silent}) {

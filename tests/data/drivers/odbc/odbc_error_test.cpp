@@ -9,11 +9,7 @@ namespace {
 namespace number = data::provider_number;
 
 TEST(OdbcError, WordsAreThoseOfTheEngine) {
-  struct Row {
-    const char* words;
-    const char* expected;
-  };
-  static constexpr Row kRows[] = {
+  static constexpr std::pair<const char*, const char*> kRows[] = {
       {"[unixODBC][FreeTDS][SQL Server]Login failed", "Login failed"},
       {"[SQLite]no such table: t (1)", "no such table: t (1)"},
       {"near \"[x]\": error", "near \"[x]\": error"},
@@ -22,31 +18,24 @@ TEST(OdbcError, WordsAreThoseOfTheEngine) {
       {"[a]", ""},
       {"", ""},
   };
-  for (const Row& row : kRows) EXPECT_EQ(data::odbc::withoutSenders(row.words), row.expected) << row.words;
+  for (const auto& [words, expected] : kRows) EXPECT_EQ(data::odbc::withoutSenders(words), expected) << words;
 }
 
 TEST(OdbcError, TellsWhyItDidNotConnect) {
   const ScratchFolder folder;
-  struct Row {
-    std::string parameters;
-    std::int32_t number;
-    std::string words;
+  const std::vector<Failure> failures = {
+      {.cause = "Driver=no_hay", .number = number::kNoSuchProvider, .words = "«no_hay»"},
+      {.cause = "DSN=no_hay", .number = number::kNoSuchProvider, .words = "«no_hay»"},
+      {.cause = "Driver=/no_hay/libsqlite3odbc.so", .number = number::kNoSuchProvider, .words = "libsqliteodbc"},
+      {.cause = "Driver=SQLite3;Database=" + folder.path("no_hay/tienda.db"),
+       .number = number::kUnspecified,
+       .words = "revise"},
+      {.cause = "Driver=MariaDB Unicode;SOCKET=" + folder.path("no_hay.sock"),
+       .number = number::kUnspecified,
+       .words = "revise"},
   };
-  const Row rows[] = {
-      {"Driver=no_hay", number::kNoSuchProvider, "«no_hay»"},
-      {"DSN=no_hay", number::kNoSuchProvider, "«no_hay»"},
-      {"Driver=/no_hay/libsqlite3odbc.so", number::kNoSuchProvider, "libsqliteodbc"},
-      {"Driver=SQLite3;Database=" + folder.path("no_hay/tienda.db"), number::kUnspecified, "revise"},
-      {"Driver=MariaDB Unicode;SOCKET=" + folder.path("no_hay.sock"), number::kUnspecified, "revise"},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.parameters);
-    const auto error = providerError([&] { connectTo(row.parameters + ";UID=pos;PWD=secreto-1"); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->number(), row.number);
-    EXPECT_NE(error->description().find(row.words), std::string::npos) << error->description();
-    EXPECT_EQ(error->description().find("secreto"), std::string::npos) << error->description();
-  }
+  expectFailures("ODBC", failures,
+                 [](const std::string& parameters) { connectTo(parameters + ";UID=pos;PWD=secreto-1"); });
 }
 
 TEST(OdbcError, StatementsThatTheDriverWouldCutAreRefused) {

@@ -11,8 +11,8 @@
 #include "qvn/data/drivers/odbc/odbc_driver.h"
 #include "tests/support/driver_session.h"
 #include "tests/support/error_of.h"
+#include "tests/support/failures.h"
 #include "tests/support/mysql_server.h"
-#include "tests/support/provider_error_of.h"
 #include "tests/support/scratch_folder.h"
 
 namespace qvn::test {

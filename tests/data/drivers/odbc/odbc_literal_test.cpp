@@ -1,7 +1,8 @@
 // Values in each engine's SQL.
 #include "qvn/data/drivers/odbc/odbc_literal.h"
 
-#include "tests/data/drivers/odbc/odbc_fixture.h"
+#include <gtest/gtest.h>
+
 #include "tests/support/locale_guard.h"
 
 namespace qvn::data::odbc {
@@ -70,23 +71,6 @@ TEST(OdbcLiteral, Dates) {
   };
   for (const Row& row : rows) check(row);
 }
-
-class OdbcTexts : public testing::TestWithParam<const char*> {};
-
-TEST_P(OdbcTexts, NastyTextsComeBackFromTheEngine) {
-  const test::ScratchFolder folder;
-  const std::string engine = GetParam();
-  const auto session = test::connectTo(engine == "Sqlite"    ? test::sqliteConnectionString(folder)
-                                       : engine == "MariaDb" ? test::mariaDbConnectionString()
-                                                             : test::serverVariable("QVN_TEST_TDS"));
-  for (const char* const text :
-       {"", "O'Higgins", "\\'", "'); DROP TABLE prods; -- ", "\"a\" `b` [c] {d} ? %s", "línea\r\notra\ttab", "🍕 ñ €"}) {
-    EXPECT_EQ(test::scalar(*session, "SELECT " + session->literal(text, FieldType::VarWChar) + " AS v").toText(), text);
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(Engines, OdbcTexts, testing::Values("Sqlite", "MariaDb", "SqlServer"),
-                         [](const auto& parameter) { return std::string(parameter.param); });
 
 }  // namespace
 }  // namespace qvn::data::odbc

@@ -25,11 +25,7 @@ void check(const Row& row, const std::string& user = {}, const std::string& pass
 }
 
 TEST(OdbcTarget, ServesConnectionStringsOfItsEngines) {
-  struct Accepted {
-    const char* given;
-    bool expected;
-  };
-  static constexpr Accepted kRows[] = {
+  static constexpr std::pair<const char*, bool> kRows[] = {
       {"Provider=SQLNCLI10;Server=caja", true},
       {"provider=sqlncli11.1;Server=caja", true},
       {"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=x.mdb", true},
@@ -43,7 +39,7 @@ TEST(OdbcTarget, ServesConnectionStringsOfItsEngines) {
       {"Provider=IbOleDb;Data Source=SQLNCLI10", false},
       {"", false},
   };
-  for (const Accepted& row : kRows) EXPECT_EQ(isForOdbc(ConnectionString(row.given)), row.expected) << row.given;
+  for (const auto& [given, expected] : kRows) EXPECT_EQ(isForOdbc(ConnectionString(given)), expected) << given;
 }
 
 TEST(OdbcTarget, SqlServer) {

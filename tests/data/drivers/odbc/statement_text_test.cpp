@@ -3,17 +3,15 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "qvn/data/drivers/odbc/odbc_origin.h"
 
 namespace qvn::data::odbc {
 namespace {
 
 TEST(StatementText, FirstWord) {
-  struct Row {
-    const char* sql;
-    const char* expected;
-  };
-  static constexpr Row kRows[] = {
+  static constexpr std::pair<const char*, const char*> kRows[] = {
       {"SELECT 1", "SELECT"},
       {" \r\n\tinsert into t", "insert"},
       {"-- DELETE\nSELECT 1", "SELECT"},
@@ -24,7 +22,7 @@ TEST(StatementText, FirstWord) {
       {"(SELECT 1)", ""},
       {"", ""},
   };
-  for (const Row& row : kRows) EXPECT_EQ(firstWord(row.sql), row.expected) << row.sql;
+  for (const auto& [sql, expected] : kRows) EXPECT_EQ(firstWord(sql), expected) << sql;
 }
 
 TEST(StatementText, SecondStatement) {
@@ -57,11 +55,7 @@ TEST(StatementText, SecondStatement) {
 }
 
 TEST(StatementText, SingleTable) {
-  struct Row {
-    const char* sql;
-    const char* expected;
-  };
-  static constexpr Row kRows[] = {
+  static constexpr std::pair<const char*, const char*> kRows[] = {
       {"SELECT * FROM prods", "prods"},
       {"select a, b\nfrom prods\twhere a = 1", "prods"},
       {"SELECT * FROM \"mis prods\" ORDER BY a", "mis prods"},
@@ -81,7 +75,7 @@ TEST(StatementText, SingleTable) {
       {"UPDATE prods SET a = 1", ""},
       {"", ""},
   };
-  for (const Row& row : kRows) EXPECT_EQ(singleTable(row.sql), row.expected) << row.sql;
+  for (const auto& [sql, expected] : kRows) EXPECT_EQ(singleTable(sql), expected) << sql;
 }
 
 }  // namespace
