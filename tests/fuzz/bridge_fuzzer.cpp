@@ -44,50 +44,15 @@ const Method* harmless(std::string_view name) {
   static constexpr auto kClasses =
       std::to_array<std::string_view>({"Collection.", "Ambiente.", "TextBox.", "WsField.", "TextData.", "Query.",
                                        "StatementBuilder.", "PendingStatements"});
-  static constexpr auto kMethods = std::to_array<std::string_view>({"Release",
-                                                                    "Val2",
-                                                                    "Formato",
-                                                                    "FormatoDecimal",
-                                                                    "Fn",
-                                                                    "Max",
-                                                                    "cNull",
-                                                                    "clEmpty",
-                                                                    "clAt",
-                                                                    "At",
-                                                                    "ReplaceString",
-                                                                    "Cambia",
-                                                                    "Inserta",
-                                                                    "DataSeparator",
-                                                                    "Separador",
-                                                                    "WsFields",
-                                                                    "newData",
-                                                                    "NewTextData",
-                                                                    "ToNumber",
-                                                                    "UEspecial",
-                                                                    "AplicaFormato",
-                                                                    "PonLetra",
-                                                                    "Mes",
-                                                                    "Dia",
-                                                                    "Ud",
-                                                                    "ElSiguienteMes",
-                                                                    "DateTimeSerial",
-                                                                    "Encrypta",
-                                                                    "Decrypta",
-                                                                    "StdDev",
-                                                                    "ShellSortAny",
-                                                                    "Question",
-                                                                    "Question2",
-                                                                    "MyInputBox",
-                                                                    "CuadroDeMensajes",
-                                                                    "TecladoVirtualV2",
-                                                                    "SetSessionValue",
-                                                                    "GetSessionValue",
-                                                                    "FechaSQL",
-                                                                    "flushQueryCollection",
-                                                                    "NivelDeCuenta"});
+  static constexpr std::string_view kMethods =
+      " Release Val2 Formato FormatoDecimal Fn Max cNull clEmpty clAt At ReplaceString Cambia Inserta"
+      " DataSeparator Separador WsFields newData NewTextData ToNumber UEspecial AplicaFormato PonLetra"
+      " Mes Dia Ud ElSiguienteMes DateTimeSerial Encrypta Decrypta StdDev ShellSortAny Question"
+      " Question2 MyInputBox CuadroDeMensajes TecladoVirtualV2 SetSessionValue GetSessionValue FechaSQL"
+      " flushQueryCollection NivelDeCuenta ";
   const bool isHarmless =
       std::ranges::any_of(kClasses, [&](std::string_view head) { return name.starts_with(head); }) ||
-      std::ranges::find(kMethods, name) != kMethods.end();
+      kMethods.find(" " + std::string(name) + " ") != std::string_view::npos;
   return isHarmless ? findMethod(name) : nullptr;
 }
 
