@@ -90,10 +90,6 @@ TEST_F(BackupCommands, FailuresSayWhereAndGiveTheirStatus) {
   expectRun(1, call({"restaura", "nada.sql"}), {"nada.sql", "(error 53)"});
   expectRun(1, call({"respalda", "nada/a.sql"}), {"(error 76"});
   expectRun(1, call({"respalda", "--fiel", "/dev/full"}), {"error 61"});
-  expectRun(2, call({"respalda", "--verifica", "a.sql"}), {"--fiel"});
-  expectRun(2, call({"respalda"}), {"archivo"});
-  expectRun(2, call({"restaura", "--aqui", "a.sql"}), {"--fiel"});
-  expectRun(2, call({"repara", "nada"}), {"no nombra un índice"});
 }
 
 TEST_F(BackupCommands, ThePasswordNeverStandsInTheCommand) {

@@ -21,7 +21,6 @@ TEST(ConexionCommand, ShowsWhatAConnectionStringStandsFor) {
                 memory->EngineVersion() +
                 "\n"
                 "dialecto     MySQL\n");
-  expectRun(2, {.arguments = {"conexion", "Provider=SQLite"}}, {"sobra «Provider=SQLite»"});
   expectRun(1, {.arguments = {"conexion", "-c", "Provider=Nada;PWD=x1"}}, {"3706", "Provider=Nada;PWD=***"});
 }
 

@@ -12,6 +12,17 @@
 
 namespace qvn::test {
 
+/// The values of the rows, a blank between two of them.
+inline std::string valuesOf(const data::ConnectionPtr& connection, const std::string& sql) {
+  std::string values;
+  for (const auto rows = connection->Execute(sql); !rows->Eof(); rows->MoveNext()) {
+    for (std::size_t i = 0; i < rows->FieldCount(); ++i) {
+      values.append(values.empty() ? "" : " ").append(rows->Fields(i).Value().toText());
+    }
+  }
+  return values;
+}
+
 class DemoShop : public testing::TestWithParam<Engine> {
  protected:
   void SetUp() override {
@@ -21,17 +32,8 @@ class DemoShop : public testing::TestWithParam<Engine> {
 
   void execute(const std::string& sql) const { database_->connect()->Execute(sql); }
 
-  /// The values of the rows, a blank between two of them.
-  [[nodiscard]] std::string valuesOf(const std::string& sql) const {
-    std::string values;
-    const auto connection = database_->connect();
-    for (const auto rows = connection->Execute(sql); !rows->Eof(); rows->MoveNext()) {
-      for (std::size_t i = 0; i < rows->FieldCount(); ++i) {
-        values.append(values.empty() ? "" : " ").append(rows->Fields(i).Value().toText());
-      }
-    }
-    return values;
-  }
+  [[nodiscard]] std::string valuesOf(const std::string& sql) const { return test::valuesOf(database_->connect(), sql); }
+  [[nodiscard]] double numberOf(const std::string& sql) const { return std::stod(valuesOf(sql)); }
 
   [[nodiscard]] Call call(const std::vector<std::string>& arguments, const std::string& locale = "C") const {
     return {.arguments = arguments,

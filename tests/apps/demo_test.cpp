@@ -1,18 +1,7 @@
-#include <gtest/gtest.h>
-
-#include "tests/apps/run_program.h"
-#include "tests/support/test_database.h"
+#include "tests/apps/demo_shop.h"
 
 namespace qvn::test {
 namespace {
-
-std::string firstColumn(const data::ConnectionPtr& connection, const std::string& sql) {
-  std::string values;
-  for (const auto rows = connection->Execute(sql); !rows->Eof(); rows->MoveNext()) {
-    values.append(values.empty() ? "" : " ").append(rows->Fields(0).Value().toText());
-  }
-  return values;
-}
 
 class DemoOnEngine : public testing::TestWithParam<Engine> {
  protected:
@@ -33,9 +22,9 @@ TEST_P(DemoOnEngine, LeavesTheFiguresOfTheStory) {
                "Cliente C003: saldo 10,892.50\n"});                // 3220.00 + 450.00 x 17.05
 
   const auto connection = connect();
-  EXPECT_EQ(firstColumn(connection, "SELECT estado FROM cobranza ORDER BY cobranza"), "S P S P S P P P P P P P");
-  EXPECT_EQ(firstColumn(connection, "SELECT aplicado FROM caja ORDER BY abono"), "1 1 0 1 1 0");
-  EXPECT_NEAR(std::stod(firstColumn(connection, "SELECT por_apli FROM caja WHERE abono = 503")), 650.00, 0.001);
+  EXPECT_EQ(valuesOf(connection, "SELECT estado FROM cobranza ORDER BY cobranza"), "S P S P S P P P P P P P");
+  EXPECT_EQ(valuesOf(connection, "SELECT aplicado FROM caja ORDER BY abono"), "1 1 0 1 1 0");
+  EXPECT_NEAR(std::stod(valuesOf(connection, "SELECT por_apli FROM caja WHERE abono = 503")), 650.00, 0.001);
   const double balances[] = {1276.00 - 76.00,
                              (4350.00 - 1850.00) + (1250.75 - 250.75) * 16.9,
                              10892.50,
@@ -65,13 +54,13 @@ TEST_P(DemoOnEngine, SuppliesReceivesReturnsAndChangesPrices) {
     ASSERT_NE(at, std::string::npos) << piece << "missing, or too early, in\n" << told;
   }
   const auto connection = connect();
-  EXPECT_EQ(firstColumn(connection, "SELECT estado FROM pedidos ORDER BY pedido"), "CE PE");
-  EXPECT_EQ(firstColumn(connection, "SELECT estado FROM orden"), "CE");
-  EXPECT_EQ(firstColumn(connection, "SELECT id FROM slotes"), "3");
-  EXPECT_NEAR(std::stod(firstColumn(connection, "SELECT SUM(saldo) FROM proveed")), 4000 + 500 * 17.05, 0.001);
-  EXPECT_EQ(firstColumn(connection, "SELECT consec FROM consec WHERE dato = 'histcamb'"), "1");
+  EXPECT_EQ(valuesOf(connection, "SELECT estado FROM pedidos ORDER BY pedido"), "CE PE");
+  EXPECT_EQ(valuesOf(connection, "SELECT estado FROM orden"), "CE");
+  EXPECT_EQ(valuesOf(connection, "SELECT id FROM slotes"), "3");
+  EXPECT_NEAR(std::stod(valuesOf(connection, "SELECT SUM(saldo) FROM proveed")), 4000 + 500 * 17.05, 0.001);
+  EXPECT_EQ(valuesOf(connection, "SELECT consec FROM consec WHERE dato = 'histcamb'"), "1");
   // 5 + 3 and 20 + 8 have gone out of the lots of exit 905; nothing of the third.
-  EXPECT_NEAR(std::stod(firstColumn(connection, "SELECT SUM(cantsal) FROM lotes")), 36, 0.001);
+  EXPECT_NEAR(std::stod(valuesOf(connection, "SELECT SUM(cantsal) FROM lotes")), 36, 0.001);
 }
 
 TEST_P(DemoOnEngine, AnOlderMarkCoversTheOlderTablesAlone) {
@@ -81,7 +70,7 @@ TEST_P(DemoOnEngine, AnOlderMarkCoversTheOlderTablesAlone) {
   connection->Execute("CREATE TABLE lotes (mio VARCHAR(10))");
   connection->Execute("INSERT INTO lotes VALUES ('intacto')");
   expectRun(1, demo(), {"no lo cambió"});
-  EXPECT_EQ(firstColumn(connection, "SELECT mio FROM lotes"), "intacto");
+  EXPECT_EQ(valuesOf(connection, "SELECT mio FROM lotes"), "intacto");
   connection->Execute("DROP TABLE lotes");
   connection->Execute("INSERT INTO qvn_demo VALUES (2)");
   connection->Execute("CREATE TABLE pagos (mio VARCHAR(10))");
@@ -111,7 +100,7 @@ TEST_P(DemoOnEngine, LeavesForeignTablesAlone) {
     connection->Execute("CREATE TABLE " + table + " (mio VARCHAR(10))");
     connection->Execute("INSERT INTO " + table + " VALUES ('intacto')");
     EXPECT_EQ(expectRun(1, demo(), {"no lo cambió"}).out, "");
-    EXPECT_EQ(firstColumn(connection, "SELECT mio FROM " + table), "intacto");
+    EXPECT_EQ(valuesOf(connection, "SELECT mio FROM " + table), "intacto");
     EXPECT_THROW(connection->Execute("SELECT * FROM qvn_demo"), data::ProviderError);
     connection->Execute("DROP TABLE " + table);
   }

@@ -1,6 +1,4 @@
 // qvn exporta, its workbooks read back by an independent reader.
-#include <gtest/gtest.h>
-
 #include "tests/apps/run_program.h"
 #include "tests/support/file_size_limit.h"
 #include "tests/support/read_workbook.h"
@@ -10,19 +8,11 @@ namespace {
 
 const std::string kTwoRows = "SELECT 'Muñoz' AS cliente, 1160.5 AS saldo UNION ALL SELECT 'Ríos', 0.25";
 
-class ExportaCommand : public testing::Test {
+class ExportaCommand : public CommandInFolder {
  protected:
-  [[nodiscard]] Call call(std::vector<std::string> arguments, std::string input = {}) const {
-    arguments.insert(arguments.begin(), "exporta");
-    return {.arguments = std::move(arguments),
-            .input = std::move(input),
-            .environment = {"QVN_CONEXION=" + kMemory},
-            .folder = folder_.path()};
-  }
+  ExportaCommand() : CommandInFolder("exporta") {}
   [[nodiscard]] std::string workbook() const { return readWorkbook((folder_.path() / "v.xlsx").string()); }
   [[nodiscard]] bool isFolderEmpty() const { return std::filesystem::is_empty(folder_.path()); }
-
-  TempFolder folder_;
 };
 
 TEST_F(ExportaCommand, WritesRowsWithTitlesAndTotals) {

@@ -35,9 +35,6 @@ TEST(FilaCommand, LinesThatDoNotReadAreReportedAndLeftOut) {
   EXPECT_EQ(outcome.out, "a,b\r\n1,x\r\n,y\r\n6,\r\n");
   expectHolds(outcome.err, {"renglón 1: ", "(error 9)", "renglón 3: ", "(error 457)", "renglón 4: ", "(error 5)",
                             "renglón 6: el campo «c» no está en el primer registro"});
-  expectRun(2, {.arguments = {"fila", "--lee", "-f", "xml"}, .input = kLines}, {"no existe el formato «xml»"});
-  expectRun(2, {.arguments = {"fila", "--lee", "SELECT 1"}}, {"entrada estándar"});
-  expectRun(2, {.arguments = {"fila", "-c", kMemory}}, {"se espera una sentencia"});
   expectRun(1, {.arguments = {"fila", "-c", kMemory, "CREATE TABLE t (i INTEGER)"}}, {"no devuelve registros"});
 }
 

@@ -1,6 +1,4 @@
 // qvn informe: definitions made, changed by hand and rendered.
-#include <gtest/gtest.h>
-
 #include "tests/apps/run_program.h"
 #include "tests/support/file_size_limit.h"
 
@@ -9,19 +7,11 @@ namespace {
 
 const std::string kTwoRows = "SELECT 'Muñoz' AS cliente, 1160.5 AS saldo_actual UNION ALL SELECT 'Ríos', -0.25";
 
-class InformeCommand : public testing::Test {
+class InformeCommand : public CommandInFolder {
  protected:
-  [[nodiscard]] Call call(std::vector<std::string> arguments, std::string input = {}) const {
-    arguments.insert(arguments.begin(), "informe");
-    return {.arguments = std::move(arguments),
-            .input = std::move(input),
-            .environment = {"QVN_CONEXION=" + kMemory},
-            .folder = folder_.path()};
-  }
+  InformeCommand() : CommandInFolder("informe") {}
   [[nodiscard]] std::string file(const char* name) const { return readFile(folder_.path() / name); }
   void define(const std::string& text) const { writeFile(folder_.path() / "v.informe", text); }
-
-  TempFolder folder_;
 };
 
 TEST_F(InformeCommand, MakesADefinitionThatIsChangedAndRendered) {

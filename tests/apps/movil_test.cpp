@@ -79,24 +79,6 @@ TEST_F(MovilCommand, SaysWhyThereIsNoDevice) {
   expectRun(1, byLibrary({"version", "--espera", "0"}, "no-signal"), {"no contesta", "error 57"});
   expectRun(1, byLibrary({"version", "--biblioteca", "/no/hay.so"}), {"«/no/hay.so»", "error 53"});
   expectRun(1, {.arguments = {"movil", "version", "--carpeta", "/no/hay"}}, {"«/no/hay»", "error 76"});
-  struct Row {
-    std::vector<std::string> arguments;
-    std::string said;
-  };
-  const Row rows[] = {{{}, "falta la operación"},
-                      {{"version"}, "--biblioteca o la variable QVN_RAPI"},
-                      {{"copia", "a", "b"}, "no existe la operación «copia»"},
-                      {{"trae", "a"}, "uno de esta máquina"},
-                      {{"borra"}, "un archivo del dispositivo"},
-                      {{"ejecuta", "a", "b", "c"}, "entre comillas"},
-                      {{"version", "x"}, "nada más"},
-                      {{"version", "--carpeta", "a", "--biblioteca", "b"}, "no van juntas"},
-                      {{"version", "--carpeta", "/", "--espera", "ya"}, "«ya» no es un número de segundos"}};
-  for (const Row& row : rows) {
-    Call call{.arguments = row.arguments, .environment = {"QVN_RAPI="}};
-    call.arguments.insert(call.arguments.begin(), "movil");
-    EXPECT_EQ(expectRun(2, call, {row.said}).out, "");
-  }
 }
 
 }  // namespace

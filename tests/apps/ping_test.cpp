@@ -87,24 +87,5 @@ TEST(PingCommand, CtrlCEndsItWithItsStatistics) {
   });
 }
 
-TEST(PingCommand, RefusesWhatItDoesNotUnderstand) {
-  struct Row {
-    Words arguments;
-    std::string said;
-  };
-  const std::vector<Row> rows = {
-      {{}, "se espera un solo host"},
-      {{"a", "b"}, "se espera un solo host"},
-      {{std::string(65, 'x')}, "más de 64 caracteres"},
-      {{"-n", "x", "a"}, "«x» no es una cuenta"},
-      {{"-n", "-1", "a"}, "la cuenta no puede ser negativa"},
-      {{"-i", "-1", "a"}, "el intervalo va de 0 a 3600 segundos"},
-      {{"-i", "3601", "a"}, "el intervalo va de 0 a 3600 segundos"},
-      {{"-W", "0", "a"}, "la espera es de una milésima"},
-      {{"-W", "0,5", "a"}, "con punto decimal"},
-  };
-  for (const Row& row : rows) EXPECT_EQ(expectRun(2, ping(row.arguments), {row.said}).out, "");
-}
-
 }  // namespace
 }  // namespace qvn::test

@@ -1,30 +1,18 @@
 // qvn recalcula, on the demonstration's shop and on one of thousands of documents.
-#include <gtest/gtest.h>
-
 #include <csignal>
 
 #include "apps/qvn/interruption.h"
-#include "tests/apps/run_program.h"
-#include "tests/support/test_database.h"
+#include "tests/apps/demo_shop.h"
 
 namespace qvn::test {
 namespace {
 
-class RecalculateCommand : public testing::TestWithParam<Engine> {
+class RecalculateCommand : public DemoShop {
  protected:
-  void SetUp() override {
-    database_ = GetParam().create();
-    ASSERT_EQ(runQvn({"demo", "-c", database_->connectionString()}).status, 0);
-  }
-  void execute(const std::string& sql) const { database_->connect()->Execute(sql); }
-  [[nodiscard]] std::string scalar(const std::string& sql) const {
-    return database_->connect()->Execute(sql)->Fields(0).Value().toText();
-  }
   [[nodiscard]] Call call(std::vector<std::string> arguments) const {
     arguments.insert(arguments.begin(), "recalcula");
-    return {.arguments = arguments, .environment = {"QVN_CONEXION=" + database_->connectionString()}};
+    return DemoShop::call(arguments);
   }
-  std::unique_ptr<TestDatabase> database_;
 };
 INSTANTIATE_TEST_SUITE_P(Engines, RecalculateCommand, testing::ValuesIn(shopEngines()), engineName);
 
@@ -46,7 +34,7 @@ TEST_P(RecalculateCommand, ShowsWhatItChangesAndChangesItOnce) {
                 "────────  ──────────  ──────────  ───────  ──────────  ──────────\n"
                 "clientes          12           2        -           -           -\n"
                 "Simulación: no se escribió nada.\n");
-  EXPECT_EQ(scalar("SELECT COUNT(*) FROM cobranza WHERE estado IS NULL"), "1");
+  EXPECT_EQ(valuesOf("SELECT COUNT(*) FROM cobranza WHERE estado IS NULL"), "1");
 
   EXPECT_EQ(expectRun(0, call({"--clientes", "--detalle"})).out,
             std::string(kDocumentChanges) +
@@ -69,7 +57,7 @@ TEST_P(RecalculateCommand, WithoutSuppliersTablesItSaysSoAndChangesNothing) {
         expectRun(1, call(arguments), {"faltan tablas de proveedores; no se cambió nada. Con --clientes"});
     EXPECT_EQ(outcome.out, "");
   }
-  EXPECT_EQ(std::stod(scalar("SELECT saldo FROM cobranza WHERE cobranza = 1007")), 0);
+  EXPECT_EQ(numberOf("SELECT saldo FROM cobranza WHERE cobranza = 1007"), 0);
 }
 
 TEST_P(RecalculateCommand, BothSides) {
@@ -80,7 +68,7 @@ TEST_P(RecalculateCommand, BothSides) {
             "───────────  ──────────  ─────────  ───────  ─────────  ──────────\n"
             "clientes             12          0        6          0           0\n"
             "proveedores           3          1        2          1           0\n");
-  EXPECT_EQ(std::stod(scalar("SELECT saldo FROM proveed WHERE proveedor = 'P020'")), 500 * 17.05);
+  EXPECT_EQ(numberOf("SELECT saldo FROM proveed WHERE proveedor = 'P020'"), 500 * 17.05);
 }
 
 TEST_P(RecalculateCommand, WhoCannotBeTotalledIsNamed) {
@@ -89,11 +77,6 @@ TEST_P(RecalculateCommand, WhoCannotBeTotalledIsNamed) {
   const Outcome outcome = expectRun(1, call({"--clientes"}),
                                     {"no se pudo con el cliente «C006»", "tip_cam", "qvn: hay documentos sin cliente"});
   expectHolds(outcome.out, {"clientes          12          0        6          1           2\n"});
-}
-
-TEST(Recalculate, WrongCalls) {
-  expectRun(2, {.arguments = {"recalcula", "-c", kMemory, "1007"}}, {"no lleva argumentos"});
-  expectRun(2, {.arguments = {"recalcula"}}, {"QVN_CONEXION"});
 }
 
 // The trace says when a batch is done. Nobody reads on until the signal is sent: the pipe holds a few batches of the
@@ -108,8 +91,7 @@ constexpr const char* kInterruptAfterFirstBatch =
     "wait $!\n";
 
 TEST(Recalculate, AnInterruptionEndsItAfterABatchAndTheNextRunGoesOn) {
-  const Engine& sqlite = engines().front();
-  const auto database = sqlite.create();
+  const auto database = engines().front().create();
   const auto connection = database->connect();
   for (const char* sql :
        {"CREATE TABLE clients (cliente TEXT PRIMARY KEY, saldo DOUBLE)",
@@ -128,13 +110,14 @@ TEST(Recalculate, AnInterruptionEndsItAfterABatchAndTheNextRunGoesOn) {
   EXPECT_EQ(outcome.status, 1) << outcome.err;
   expectHolds(readFile(folder.path() / "rest"),
               {"qvn: se interrumpió después de ", " de 5,000 documentos de clientes; ", "repita el comando"});
-  const auto left = connection->Execute("SELECT COUNT(*) FROM cobranza WHERE estado = 'P'")->Fields(0).Value().toLong();
+  const std::string pending = "SELECT COUNT(*) FROM cobranza WHERE estado = 'P'";
+  const int left = std::stoi(valuesOf(connection, pending));
   EXPECT_GT(left, 0);
   EXPECT_LT(left, 5000);
   EXPECT_EQ(left % 500, 0);
 
   expectRun(0, {.arguments = {"recalcula", "--clientes"}, .environment = {variable}});
-  EXPECT_EQ(connection->Execute("SELECT COUNT(*) FROM cobranza WHERE estado = 'P'")->Fields(0).Value().toLong(), 0);
+  EXPECT_EQ(valuesOf(connection, pending), "0");
 }
 
 TEST(Recalculate, OnlyTheFirstSignalIsRemembered) {

@@ -1,8 +1,11 @@
 // Runs the built program as a person or a script does, and shows what came out.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace qvn::test {
@@ -53,6 +56,24 @@ class TempFolder {
 
  private:
   std::filesystem::path path_;
+};
+
+/// Runs of one command in a folder of their own, on an empty database.
+class CommandInFolder : public testing::Test {
+ protected:
+  explicit CommandInFolder(std::string command) : command_(std::move(command)) {}
+  [[nodiscard]] Call call(std::vector<std::string> arguments, std::string input = {}) const {
+    arguments.insert(arguments.begin(), command_);
+    return {.arguments = std::move(arguments),
+            .input = std::move(input),
+            .environment = {"QVN_CONEXION=" + kMemory},
+            .folder = folder_.path()};
+  }
+
+  TempFolder folder_;
+
+ private:
+  std::string command_;
 };
 
 std::string readFile(const std::filesystem::path& file);

@@ -21,7 +21,7 @@ TEST_P(StockCommand, LotesShowsBeforeAndAfter) {
             "40  L-2603     24.00           1.00    17.00\n"
             "(2 movimientos)\n");
   EXPECT_EQ(expectRun(1, call({"lotes", "906"}), {"qvn: la salida 906 no tiene movimientos en «slotes»\n"}).out, "");
-  EXPECT_EQ(std::stod(valuesOf("SELECT cantsal FROM lotes WHERE id = 40")), 17);
+  EXPECT_EQ(numberOf("SELECT cantsal FROM lotes WHERE id = 40"), 17);
 }
 
 TEST_P(StockCommand, LotesTellsOfNullAndMissingTables) {
@@ -53,12 +53,12 @@ TEST_P(StockCommand, PreciosRecordsAChange) {
   expectRun(0, call({"precios", "TAL-12", "1400.5", "0", "3", "4", "5", "6", "7", "8", "9", "10", "--usuario",
                      "O'Brien", "--sucursal", "2"}));
   EXPECT_EQ(valuesOf("SELECT usuario FROM histcamb WHERE id = 2 AND sucursal = 2"), "O'Brien");
-  EXPECT_EQ(std::stod(valuesOf("SELECT precio1 + 100 * precio3 + 1000 * precio10 FROM histcamb WHERE id = 2")),
+  EXPECT_EQ(numberOf("SELECT precio1 + 100 * precio3 + 1000 * precio10 FROM histcamb WHERE id = 2"),
             1400.5 + 300 + 10000);
-  EXPECT_EQ(std::stod(valuesOf("SELECT precio1 FROM prods WHERE articulo = 'TAL-12'")), 1390) << "not its business";
+  EXPECT_EQ(numberOf("SELECT precio1 FROM prods WHERE articulo = 'TAL-12'"), 1390) << "not its business";
   const std::string told = expectRun(0, call({"precios", "SIL-280", "81.25"})).out;
   expectHolds(told, {"       1  79.90    81.25\n", "       2  72.00     0.00\n", "  <NULL>  "});
-  EXPECT_EQ(std::stod(valuesOf("SELECT existencia FROM histcamb WHERE id = 3")), 52);
+  EXPECT_EQ(numberOf("SELECT existencia FROM histcamb WHERE id = 3"), 52);
 }
 
 TEST_P(StockCommand, PreciosTellsOfUnknownProducts) {

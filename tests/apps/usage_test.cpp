@@ -48,11 +48,40 @@ TEST(Usage, AWrongCallIsToldWhatIsWrong) {
       {{"precios", "-c", kMemory, "A", "-u", "MARIA"}, "faltan los precios"},
       {{"formato", "1"}, "un valor y un patrón"}, {{"formato", "--tipo", "entero", "1", "0"}, "hay numero, fecha y texto"},
       {{"formato", "--tipo", "fecha", "abc", "0"}, "«abc» no se lee como fecha"},
+      {{"barras"}, "code128, code39, ean13 o ean8"}, {{"barras", "qr", "A"}, "«qr»"},
+      {{"barras", "ean8"}, "un solo texto"}, {{"barras", "ean8", "1", "--alto=-1"}, "--alto va de 0 a 1000"},
+      {{"barras", "ean8", "--lista", "x"}, "--salida"},
+      {{"bitacora", "-f", "ayer"}, "no se lee como una fecha"}, {{"calendario", "ayer"}, "AAAA-MM-DD"},
+      {{"cifra", "CLAVE"}, "--llave"}, {{"cifra", "--llave=40000", "CLAVE"}, "32767"},
+      {{"conexion", "Provider=SQLite"}, "sobra «Provider=SQLite»"},
+      {{"ejecuta"}, "falta el comando"}, {{"ejecuta", " "}, "está vacío"},
+      {{"fila", "--lee", "-f", "xml"}, "no existe el formato «xml»"}, {{"fila", "--lee", "SELECT 1"}, "entrada estándar"},
+      {{"fila", "-c", kMemory}, "se espera una sentencia"}, {{"letra", "doce"}, "doce"},
+      {{"movil"}, "falta la operación"}, {{"movil", "version"}, "--biblioteca o la variable QVN_RAPI"},
+      {{"movil", "copia", "a", "b"}, "no existe la operación «copia»"},
+      {{"movil", "trae", "a"}, "uno de esta máquina"}, {{"movil", "borra"}, "un archivo del dispositivo"},
+      {{"movil", "ejecuta", "a", "b", "c"}, "entre comillas"}, {{"movil", "version", "x"}, "nada más"},
+      {{"movil", "version", "--carpeta", "a", "--biblioteca", "b"}, "no van juntas"},
+      {{"movil", "version", "--carpeta", "/", "--espera", "ya"}, "«ya» no es un número de segundos"},
+      {{"ping"}, "se espera un solo host"}, {{"ping", "a", "b"}, "se espera un solo host"},
+      {{"ping", std::string(65, 'x')}, "más de 64 caracteres"}, {{"ping", "-n", "x", "a"}, "«x» no es una cuenta"},
+      {{"ping", "-n", "-1", "a"}, "la cuenta no puede ser negativa"},
+      {{"ping", "-i", "-1", "a"}, "el intervalo va de 0 a 3600 segundos"},
+      {{"ping", "-i", "3601", "a"}, "el intervalo va de 0 a 3600 segundos"},
+      {{"ping", "-W", "0", "a"}, "la espera es de una milésima"}, {{"ping", "-W", "0,5", "a"}, "con punto decimal"},
+      {{"pregunta", "-b", "3", "¿Sigue?"}, "de 1 a 2"},
+      {{"puente", "x"}, "entrada estándar"}, {{"puente", "--limite", "0"}, "--limite"},
+      {{"recalcula", "-c", kMemory, "1007"}, "no lleva argumentos"}, {{"recalcula"}, "QVN_CONEXION"},
+      {{"repara", "-c", kMemory, "nada"}, "no nombra un índice"},
+      {{"respalda", "-c", kMemory, "--verifica", "a.sql"}, "--fiel"}, {{"respalda", "-c", kMemory}, "archivo"},
+      {{"restaura", "-c", kMemory, "--aqui", "a.sql"}, "--fiel"},
       {{"demo", "--carpeta", "x", "-c", kMemory}, "no van juntas"}, {{"demo", "x"}, "sólo opciones"},
   };
   // clang-format on
   for (const auto& [arguments, said] : rows) {
-    EXPECT_EQ(expectRun(2, {.arguments = arguments, .input = " \n"}, {said, "--ayuda»"}).out, "");
+    EXPECT_EQ(
+        expectRun(2, {.arguments = arguments, .input = " \n", .environment = {"QVN_RAPI="}}, {said, "--ayuda»"}).out,
+        "");
   }
 }
 

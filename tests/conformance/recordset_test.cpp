@@ -121,7 +121,7 @@ TEST_P(RecordsetConformance, TextArrivesWhole) {
   const std::string emoji = "ñ € 🧾 Ñandú";
   EXPECT_EQ(scalar(select("'" + emoji + "'")), emoji);
   std::string longText;
-  while (longText.size() < 10'000'000) longText += "ñandú 0123456789 ";
+  while (longText.size() < 10'000'000) longText += "ñandú 'O'' \\ 0123456789\r\n";
   connection_->Execute("CREATE TABLE notas (id INTEGER NOT NULL PRIMARY KEY, nota " + GetParam().typeName("TEXT") +
                        ")");
   const auto rows = openForEditing("SELECT * FROM notas");
@@ -142,6 +142,10 @@ TEST_P(RecordsetConformance, ExecuteTellsWhatItChanged) {
   connection_->Execute("UPDATE prods SET existencia = 7 WHERE articulo = 'C3'");
   connection_->Execute("UPDATE prods SET existencia = 7 WHERE articulo = 'C3'", changed);
   EXPECT_EQ(changed, 1);
+  connection_->Execute("INSERT INTO prods (articulo) SELECT nombre FROM prods WHERE articulo <> 'A1'", changed);
+  EXPECT_EQ(changed, 2);
+  connection_->Execute("DELETE FROM prods WHERE existencia = 99", changed);
+  EXPECT_EQ(changed, 0);
   EXPECT_EQ(connection_->Execute(kAll)->State(), data::ObjectState::Open);
 }
 

@@ -1,5 +1,6 @@
 // Column types and their values, whatever the engine.
 #include "tests/conformance/conformance.h"
+#include "tests/support/column_types.h"
 
 namespace qvn::test {
 namespace {
@@ -57,16 +58,23 @@ TEST_P(TypesConformance, ValuesSurviveWritingThroughARecordset) {
   connection_->Execute(
       "CREATE TABLE v (id INTEGER NOT NULL PRIMARY KEY, d DOUBLE PRECISION, n DECIMAL(18,4), t VARCHAR(50), f " +
       GetParam().typeName("DATETIME") + ", b " + GetParam().typeName("BLOB") + ")");
-  std::string allBytes;
-  for (int i = 0; i < 256; ++i) allBytes.push_back(static_cast<char>(i));
+  std::string manyBytes = allBytes() + "'\\";
+  while (manyBytes.size() < 100'000) manyBytes += manyBytes;
   const std::pair<const char*, Variant> kValues[] = {
       {"d", GetParam().forms.roundsDoubles ? 0.3 : 0.1 + 0.2},
       {"d", GetParam().forms.roundsDoubles ? -1.5e300 : -1.7976931348623157e308},
       {"n", *Decimal::fromText("1234567890.1234")},
       {"t", "O'Higgins \\' \" ; -- ñ 🧾"},
+      {"t", ""},
+      {"t", "\\"},
+      {"t", "\\'"},
+      {"t", "'); DROP TABLE v; -- "},
+      {"t", "\"comillas\" y `acentos` [c] {d} ? %s /* */"},
+      {"t", "línea\r\notra\x1A\ttab €"},
       {"f", Date::fromCivil(1899, 12, 1, {23, 59, 58})},
       {"f", Date::fromCivil(2012, 3, 7, {10, 42, 7})},
-      {"b", allBytes},
+      {"b", allBytes()},
+      {"b", manyBytes},
   };
   int id = 0;
   for (const auto& [field, value] : kValues) {

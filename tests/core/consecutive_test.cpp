@@ -8,7 +8,9 @@
 #include "qvn/data/drivers/built_in.h"
 #include "tests/support/alias_driver.h"
 #include "tests/support/error_of.h"
+#include "tests/support/failures.h"
 #include "tests/support/mysql_server.h"
+#include "tests/support/scripted_driver.h"
 #include "tests/support/test_database.h"
 
 namespace qvn::core {
@@ -16,6 +18,15 @@ namespace {
 
 using test::errorNumber;
 using Statements = std::vector<std::string>;
+
+std::int32_t drawOn(const data::ConnectionPtr& connection, std::string_view counter) {
+  host::QueryPtr query;
+  return TraeSiguiente(counter, connection, {}, query);
+}
+
+void observe(const data::ConnectionPtr& connection, Statements& statements) {
+  connection->setStatementObserver([&](std::string_view sql) { statements.emplace_back(sql); });
+}
 
 class Consecutive : public testing::TestWithParam<test::Engine> {
  protected:
@@ -26,15 +37,9 @@ class Consecutive : public testing::TestWithParam<test::Engine> {
     setup->Execute("INSERT INTO consec VALUES ('compras', 41)");
     setup->Execute("INSERT INTO consec VALUES ('nulo', NULL)");
     setup->Execute("INSERT INTO consec VALUES ('lleno', 2147483647)");
-    observe(connection_);
+    observe(connection_, statements_);
   }
-  void observe(const data::ConnectionPtr& connection) {
-    connection->setStatementObserver([this](std::string_view sql) { statements_.emplace_back(sql); });
-  }
-  std::int32_t draw(std::string_view counter) {
-    host::QueryPtr query;
-    return TraeSiguiente(counter, connection_, {}, query);
-  }
+  std::int32_t draw(std::string_view counter) { return drawOn(connection_, counter); }
   // As another station sees it, which the plain draw on MySQL would keep waiting.
   [[nodiscard]] std::string stored(const std::string& counter) const {
     if (isLocking()) connection_->Execute("UNLOCK TABLES");
@@ -71,16 +76,14 @@ TEST_P(Consecutive, DrawsAndPeeks) {
                                      "SELECT Dato,Consec FROM consec WHERE DATO = 'compras'"}));
   EXPECT_EQ(stored("ventas"), "(none)");
   EXPECT_EQ(stored("compras"), "41");
-  struct Row {
-    const char* counter;
-    std::int32_t expected;
-  };
-  for (const Row& row : {Row{"ventas", 1}, Row{"ventas", 2}, Row{"compras", 42}, Row{"ventas", 3}}) {
-    SCOPED_TRACE(std::string(row.counter) + " " + std::to_string(row.expected));
+  const std::pair<std::string, std::int32_t> draws[] = {{"ventas", 1}, {"ventas", 2}, {"compras", 42}, {"ventas", 3}};
+  for (const auto& [counter, expected] : draws) {
+    const std::string number = std::to_string(expected);
+    SCOPED_TRACE(counter + " " + number);
     statements_.clear();
-    EXPECT_EQ(draw(row.counter), row.expected);
-    EXPECT_EQ(statements_, drawStatements(row.counter, std::to_string(row.expected), row.expected > 1));
-    EXPECT_EQ(stored(row.counter), std::to_string(row.expected));
+    EXPECT_EQ(draw(counter), expected);
+    EXPECT_EQ(statements_, drawStatements(counter, number, expected > 1));
+    EXPECT_EQ(stored(counter), number);
   }
 }
 
@@ -88,8 +91,7 @@ TEST_P(Consecutive, CountersThatCannotMove) {
   // Every statement after the first one, per counter.
   const auto failure = [&](const char* counter) {
     statements_.clear();
-    const std::int32_t number = errorNumber([&] { draw(counter); });
-    return number;
+    return errorNumber([&] { draw(counter); });
   };
   EXPECT_EQ(failure("nulo"), error_number::kInvalidUseOfNull);
   EXPECT_EQ(statements_.size(), 1u);
@@ -119,21 +121,17 @@ TEST_P(Consecutive, RunnerIsProvidedOnceAndTakesTheNewNumber) {
   EXPECT_EQ(ranBefore, goesThroughQuery());
 }
 
-TEST_P(Consecutive, PlainDrawOnMySqlLeavesTheLockToTheSession) {
-  draw("ventas");
-  const std::int32_t other = errorNumber([&] { connection_->Execute("SELECT * FROM otra"); });
-  EXPECT_EQ(other, isLocking() ? data::provider_number::kStatementRefused : 0);
-}
-
 TEST_P(Consecutive, SafeDrawsAreConsecutiveAndLockNothing) {
+  const auto readingAnotherTable = [this] { connection_->Execute("SELECT * FROM otra"); };
   const auto another = database_->connect();
   EXPECT_EQ(TraeSiguienteSeguro("nuevo", connection_), 1);
   EXPECT_EQ(TraeSiguienteSeguro("nuevo", another), 2);
   EXPECT_EQ(TraeSiguienteSeguro("nuevo", connection_), 3);
   EXPECT_EQ(TraeSiguienteSeguro("compras", another), 42);
-  EXPECT_EQ(errorNumber([&] { connection_->Execute("SELECT * FROM otra"); }), 0);
-  // The documented draw goes on from there.
+  EXPECT_EQ(errorNumber(readingAnotherTable), 0);
+  // The documented draw goes on from there. On MySQL it leaves its lock to the session.
   EXPECT_EQ(draw("compras"), 43);
+  EXPECT_EQ(errorNumber(readingAnotherTable), isLocking() ? data::provider_number::kStatementRefused : 0);
   EXPECT_EQ(stored("compras"), "43");
 }
 
@@ -154,11 +152,17 @@ TEST_P(Consecutive, SafeDrawTakesAnyNameAndRefusesWhatCannotMove) {
 
 INSTANTIATE_TEST_SUITE_P(Engines, Consecutive, testing::ValuesIn(test::engines()), test::engineName);
 
+// With a table of counters, whose statements are observed from then on.
+data::ConnectionPtr countersOfDialect(const std::string& marker, Statements& statements) {
+  auto connection = test::connectionOfDialect(marker);
+  connection->Execute("CREATE TABLE consec (dato TEXT, consec INTEGER)");
+  observe(connection, statements);
+  return connection;
+}
+
 TEST(ConsecutiveConfig, DrawsFromALocalDatabase) {
-  const auto local = test::connectionOfDialect("Local");
   Statements statements;
-  local->Execute("CREATE TABLE consec (dato TEXT, consec INTEGER)");
-  local->setStatementObserver([&](std::string_view sql) { statements.emplace_back(sql); });
+  const auto local = countersOfDialect("Local", statements);
   EXPECT_EQ(TraeSiguienteConfig("folio", local), 1);
   EXPECT_EQ(TraeSiguienteConfig("folio", local), 2);
   EXPECT_EQ(
@@ -168,18 +172,25 @@ TEST(ConsecutiveConfig, DrawsFromALocalDatabase) {
   EXPECT_EQ(errorNumber([] { TraeSiguienteConfig("folio", std::make_shared<host::Query>()); }),
             error_number::kTypeMismatch);
   EXPECT_EQ(errorNumber([] { TraeSiguienteConfig("folio", nullptr); }), error_number::kObjectNotSet);
-  host::QueryPtr query;
-  EXPECT_EQ(errorNumber([&] { TraeSiguiente("folio", nullptr, {}, query); }), error_number::kObjectNotSet);
+  EXPECT_EQ(errorNumber([] { drawOn(nullptr, "folio"); }), error_number::kObjectNotSet);
+}
+
+// Table locks hold at one of several servers only.
+TEST(ConsecutiveCluster, TheDocumentedDrawIsRefusedBeforeAnyStatement) {
+  const auto script = std::make_shared<test::Script>();
+  script->isClustered = true;
+  const auto connection = test::connectionTo(script);
+  test::expectFailures(
+      "", {{.cause = "ventas", .number = data::provider_number::kNotSupported, .words = "TraeSiguienteSeguro"}},
+      [&](const std::string& counter) { drawOn(connection, counter); });
+  EXPECT_TRUE(script->statements.empty());
 }
 
 TEST(ConsecutiveDialect, WordMySqlCountsOnlyAtTheVeryBeginning) {
-  const auto connection = test::connectionOfDialect("MySQL");
-  connection->Execute("CREATE TABLE consec (dato TEXT, consec INTEGER)");
   Statements statements;
-  connection->setStatementObserver([&](std::string_view sql) { statements.emplace_back(sql); });
-  host::QueryPtr query;
-  EXPECT_EQ(TraeSiguiente("ventas", connection, {}, query), 1);
-  EXPECT_EQ(TraeSiguiente("ventas", connection, {}, query), 2);
+  const auto connection = countersOfDialect("MySQL", statements);
+  EXPECT_EQ(drawOn(connection, "ventas"), 1);
+  EXPECT_EQ(drawOn(connection, "ventas"), 2);
   EXPECT_EQ(statements, (Statements{"SELECT dato,consec FROM consec WHERE dato = 'ventas'",
                                     "INSERT INTO  consec  ( consec, dato) VALUES (1, 'ventas')",
                                     "SELECT dato,consec FROM consec WHERE dato = 'ventas'",
@@ -202,13 +213,11 @@ class Reopening final : public host::Query {
 
 TEST(ConsecutiveDialect, AConnectionThatBecameMySqlIsUnlocked) {
   data::registerBuiltInDrivers();
-  const auto connection = test::connectionOfDialect("SQLNCLI");
-  connection->Execute("CREATE TABLE consec (dato TEXT, consec INTEGER)");
-  std::string last;
-  connection->setStatementObserver([&](std::string_view sql) { last = sql; });
+  Statements statements;
+  const auto connection = countersOfDialect("SQLNCLI", statements);
   host::QueryPtr query = std::make_shared<Reopening>(connection);
   EXPECT_EQ(TraeSiguiente("ventas", connection, {}, query), 1);
-  EXPECT_EQ(last, "UNLOCK TABLES");
+  EXPECT_EQ(statements.back(), "UNLOCK TABLES");
 }
 
 }  // namespace

@@ -39,20 +39,19 @@ class ErrorLog : public testing::Test {
 };
 
 TEST_F(ErrorLog, IsWrittenAfterTheErrorWasShown) {
-  const std::string first =
-      "10:42:07 Ocurrió un error:\r\nModule: frmVentas\r\nFunction: Guardar\r\nDescription: Division by zero\r\n";
+  const auto record = [](const std::string& time, const std::string& description) {
+    return time + " Ocurrió un error:\r\nModule: frmVentas\r\nFunction: Guardar\r\nDescription: " + description +
+           "\r\n";
+  };
+  const std::string first = record("10:42:07", "Division by zero");
   EXPECT_TRUE(handle("Division by zero", 11, FixedClock({at(7, 10, 42, 7)})));
   EXPECT_EQ(dialogs_.shown(), (std::vector<dialogs::ScriptedDialogs::Shown>{{"message", first}}));
   EXPECT_EQ(contents("QuorvinError07032012.Log"), first + "\r\n");
   // The dialog stays open over midnight: the record's time is before it, the file's date after.
   EXPECT_TRUE(handle("ñ", -2147217900, FixedClock({at(7, 23, 59, 59), at(8, 0, 0, 3)})));
   EXPECT_EQ(contents("QuorvinError07032012.Log"), first + "\r\n");
-  EXPECT_EQ(contents("QuorvinError08032012.Log"),
-            "23:59:59 Ocurrió un error:\r\nModule: frmVentas\r\nFunction: Guardar\r\nDescription: ñ\r\n\r\n");
   EXPECT_TRUE(handle("", 0, FixedClock({at(8, 13, 5, 0)})));
-  EXPECT_TRUE(
-      contents("QuorvinError08032012.Log")
-          .ends_with("13:05:00 Ocurrió un error:\r\nModule: frmVentas\r\nFunction: Guardar\r\nDescription: \r\n\r\n"));
+  EXPECT_EQ(contents("QuorvinError08032012.Log"), record("23:59:59", "ñ") + "\r\n" + record("13:05:00", "") + "\r\n");
   EXPECT_EQ(folder_.fileCount(), 2);
 }
 

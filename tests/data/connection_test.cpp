@@ -5,13 +5,12 @@
 #include "qvn/data/driver_registry.h"
 #include "qvn/data/drivers/built_in.h"
 #include "tests/support/error_of.h"
-#include "tests/support/provider_error_of.h"
+#include "tests/support/failures.h"
 
 namespace qvn::data {
 namespace {
 
 using test::errorNumber;
-using test::providerError;
 
 class ConnectionTest : public testing::Test {
  protected:
@@ -20,31 +19,21 @@ class ConnectionTest : public testing::Test {
 };
 
 TEST_F(ConnectionTest, OpeningFailsWithTheNumberOfTheFault) {
-  struct Row {
-    const char* why;
-    const char* text;
-    std::int32_t number;
-    const char* words;  // part of the description
+  using namespace provider_number;
+  const std::vector<test::Failure> failures = {
+      {.cause = "Provider=Nadie;PWD=secreto", .number = kNoSuchProvider, .words = "Nadie"},
+      {.cause = "", .number = kNoSuchProvider, .words = "SQLite"},
+      {.cause = "Provider=SQLite;x", .number = kBadConnectionString, .words = "nombre=valor"},
+      {.cause = "Provider=SQLite", .number = kBadConnectionString, .words = "Data Source"},
+      {.cause = "Provider=SQLite;Data Source=:memory:;Mode=x", .number = kBadConnectionString, .words = "Mode"},
+      {.cause = "Provider=SQLite;Data Source=/no/existe.db", .number = kUnspecified, .words = "/no/existe.db"},
+      {.cause = "Provider=SQLite;Data Source=/tmp", .number = kUnspecified, .words = "/tmp"},
+      {.cause = "MySQL;SOCKET=/no/existe.sock;UID=u;PWD=secreto", .number = kUnspecified, .words = "MySQL"},
   };
-  static constexpr Row kRows[] = {
-      {"unknown provider", "Provider=Nadie;PWD=secreto", provider_number::kNoSuchProvider, "Nadie"},
-      {"no provider", "", provider_number::kNoSuchProvider, "SQLite"},
-      {"malformed", "Provider=SQLite;x", provider_number::kBadConnectionString, "nombre=valor"},
-      {"no file named", "Provider=SQLite", provider_number::kBadConnectionString, "Data Source"},
-      {"unknown mode", "Provider=SQLite;Data Source=:memory:;Mode=x", provider_number::kBadConnectionString, "Mode"},
-      {"missing file", "Provider=SQLite;Data Source=/no/existe.db", provider_number::kUnspecified, "/no/existe.db"},
-      {"a folder", "Provider=SQLite;Data Source=/tmp", provider_number::kUnspecified, "/tmp"},
-      {"server not running", "MySQL;SOCKET=/no/existe.sock;UID=u;PWD=secreto", provider_number::kUnspecified, "MySQL"},
-  };
-  for (const Row& row : kRows) {
-    SCOPED_TRACE(row.why);
-    const auto error = providerError([&] { connection_->Open(row.text); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->number(), row.number);
-    EXPECT_NE(error->description().find(row.words), std::string::npos) << error->description();
-    EXPECT_EQ(error->description().find("secreto"), std::string::npos);
+  for (const test::Failure& failure : failures) {
+    test::expectFailures("", {failure}, [this](const std::string& text) { connection_->Open(text); });
     EXPECT_EQ(connection_->State(), ObjectState::Closed);
-    EXPECT_EQ(connection_->ConnectionString(), row.text);
+    EXPECT_EQ(connection_->ConnectionString(), failure.cause);
   }
 }
 

@@ -3,16 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 
 namespace qvn::data {
 namespace {
 
 TEST(IsoDate, ReadsWhatEnginesWrite) {
-  struct Row {
-    const char* text;
-    double serial;
-  };
-  static constexpr Row kRows[] = {
+  static constexpr std::pair<const char*, double> kRows[] = {
       {"1899-12-30", 0},
       {"2012-03-07", 40975},
       {"2012-03-07 12:00:00", 40975.5},
@@ -22,11 +19,11 @@ TEST(IsoDate, ReadsWhatEnginesWrite) {
       {"18:00:00", 0.75},
       {"0100-01-01", -657434},
   };
-  for (const Row& row : kRows) {
-    SCOPED_TRACE(row.text);
-    const auto date = parseIsoDate(row.text);
+  for (const auto& [text, serial] : kRows) {
+    SCOPED_TRACE(text);
+    const auto date = parseIsoDate(text);
     ASSERT_TRUE(date);
-    EXPECT_DOUBLE_EQ(date->serial(), row.serial);
+    EXPECT_DOUBLE_EQ(date->serial(), serial);
   }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 
 #include "tests/support/error_of.h"
 #include "tests/support/locale_guard.h"
@@ -12,11 +13,7 @@ namespace {
 
 TEST(SqlText, PlainLiteralsIgnoreTheRegion) {
   const test::LocaleGuard locale("es_ES.UTF-8");
-  struct Row {
-    Variant value;
-    const char* expected;
-  };
-  const Row kRows[] = {
+  const std::pair<Variant, const char*> rows[] = {
       {Empty{}, "NULL"},
       {Null{}, "NULL"},
       {true, "1"},
@@ -27,7 +24,7 @@ TEST(SqlText, PlainLiteralsIgnoreTheRegion) {
       {Currency::fromScaled(105000), "10.5"},
       {*Decimal::fromText("12.30"), "12.30"},
   };
-  for (const Row& row : kRows) EXPECT_EQ(plainLiteral(row.value), row.expected);
+  for (const auto& [value, expected] : rows) EXPECT_EQ(plainLiteral(value), expected);
   EXPECT_EQ(test::errorNumber([] { (void)plainLiteral(std::nan("")); }), error_number::kOverflow);
   EXPECT_EQ(test::errorNumber([] { (void)plainLiteral("texto"); }), error_number::kTypeMismatch);
 }

@@ -9,19 +9,8 @@
 namespace qvn::data {
 namespace {
 
-struct Failure {
-  std::int32_t number = 0;
-  std::string words;
-};
-
-Failure save(const std::string& path, std::size_t rowCount = 1) {
-  test::GivenRows rows({{"n", FieldType::Integer}}, std::vector<std::vector<Variant>>(rowCount, {Variant(7)}));
-  try {
-    persistStore()->save(rows, path);
-  } catch (const RuntimeError& error) {
-    return {error.number(), error.description()};
-  }
-  return {};
+test::Refusal save(const std::string& path, std::size_t rowCount = 1) {
+  return test::refusalToSave({{{"n", FieldType::Integer}}, {rowCount, {Variant(7)}}}, path);
 }
 
 TEST(FailingDisk, LeavesNothingBehindWhereverItFails) {
@@ -32,7 +21,7 @@ TEST(FailingDisk, LeavesNothingBehindWhereverItFails) {
   const auto size = std::filesystem::file_size(folder.path("todo.xml"));
   for (const rlim_t limit : {rlim_t{0}, rlim_t{100}, rlim_t{20'000}, rlim_t{size - 1}}) {
     SCOPED_TRACE(limit);
-    Failure failure;
+    test::Refusal failure;
     testing::internal::CaptureStderr();
     {
       const test::FileSizeLimit guard(limit);
@@ -93,7 +82,7 @@ TEST(FailingDisk, SaysWhichPathCannotBe) {
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.why);
-    const Failure failure = save(row.path);
+    const test::Refusal failure = save(row.path);
     EXPECT_EQ(failure.number, row.number) << failure.words;
     if (row.number != 0) {
       EXPECT_NE(failure.words.find("«" + row.path + "»"), std::string::npos) << failure.words;

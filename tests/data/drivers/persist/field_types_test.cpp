@@ -5,22 +5,17 @@
 #include <cmath>
 #include <limits>
 
+#include "qvn/data/drivers/persist/saved_value.h"
 #include "qvn/data/iso_date.h"
 #include "tests/data/drivers/persist/given_rows.h"
-#include "tests/support/error_of.h"
+#include "tests/support/column_types.h"
 #include "tests/support/locale_guard.h"
 #include "tests/support/scratch_folder.h"
 
 namespace qvn::data {
 namespace {
 
-std::string everyByte() {
-  std::string bytes;
-  for (int i = 0; i < 256; ++i) bytes.push_back(static_cast<char>(i));
-  return bytes;
-}
-
-Variant decimal(std::string_view text) { return *Decimal::fromText(text); }
+using test::decimal;
 Variant moment(std::string_view text) { return *parseIsoDate(text); }
 
 // The same type and every bit of it; 1.50 is not 1.5.
@@ -63,7 +58,7 @@ std::vector<Variant> texts() {
           std::string(1U << 20U, 'x') + "ñ"};
 }
 
-std::vector<Variant> bytes() { return {"", everyByte(), std::string(3, '\0'), "abc"}; }
+std::vector<Variant> bytes() { return {"", test::allBytes(), std::string(3, '\0'), "abc"}; }
 
 std::vector<TypeCase> everyType() {
   const std::string nines(65, '9');
@@ -198,6 +193,10 @@ TEST(SavedFieldTypes, RefusesWhatATypeCannotHold) {
       {"after the last day", FieldType::DbTimeStamp, Date(2958466)},
       {"not a date at all", FieldType::DbTimeStamp, "0000-00-00"},
       {"neither true nor false", FieldType::Boolean, 2},
+      {"a fraction in a whole type", FieldType::Integer, 1.5},
+      {"a text in a whole type", FieldType::Integer, "abc"},
+      {"a time in a day", FieldType::DbDate, Date(40975.5)},
+      {"a day in a time", FieldType::DbTime, Date(40975.5)},
       {"NUL in a text", FieldType::VarWChar, std::string("a\0b", 3)},
       {"half a character", FieldType::VarWChar, "\xC3"},
       {"half of a pair", FieldType::VarWChar, "\xED\xA0\x80"},
@@ -207,16 +206,35 @@ TEST(SavedFieldTypes, RefusesWhatATypeCannotHold) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.why);
     const test::ScratchFolder folder;
-    test::GivenRows given({{"importe", row.type}}, {{row.value}});
-    try {
-      persistStore()->save(given, folder.path());
-      ADD_FAILURE() << "se guardó";
-    } catch (const RuntimeError& error) {
-      EXPECT_EQ(error.number(), error_number::kTypeMismatch);
-      EXPECT_NE(error.description().find("«importe»"), std::string::npos) << error.description();
-    }
+    const test::Refusal refusal = test::refusalToSave({{{"importe", row.type}}, {{row.value}}}, folder.path());
+    EXPECT_EQ(refusal.number, error_number::kTypeMismatch);
+    EXPECT_NE(refusal.words.find("«importe»"), std::string::npos) << refusal.words;
     EXPECT_EQ(folder.fileCount(), 0);
   }
+}
+
+TEST(SavedFieldTypes, AreWrittenAsOtherProgramsReadThem) {
+  struct Row {
+    FieldType type;
+    Variant value;
+    const char* text;
+  };
+  const Row rows[] = {
+      {FieldType::SmallInt, std::int16_t{-32768}, "-32768"},
+      {FieldType::UnsignedTinyInt, std::uint8_t{255}, "255"},
+      {FieldType::BigInt, INT64_MIN, "-9223372036854775808"},
+      {FieldType::UnsignedBigInt, decimal("18446744073709551615"), "18446744073709551615"},
+      {FieldType::Single, 0.1F, "0.1"},
+      {FieldType::Double, 0.1 + 0.2, "0.30000000000000004"},
+      {FieldType::Currency, Currency::fromScaled(INT64_MIN), "-922337203685477.5808"},
+      {FieldType::Numeric, decimal("12.30"), "12.30"},
+      {FieldType::Boolean, true, "True"},
+      {FieldType::Date, Date(-1.25), "1899-12-29T06:00:00"},
+      {FieldType::DbDate, Date(40975), "2012-03-07"},
+      {FieldType::DbTime, Date(0.5), "12:00:00"},
+      {FieldType::VarWChar, "", ""},
+  };
+  for (const Row& row : rows) EXPECT_EQ(persist::formatValue(row.value, row.type), row.text);
 }
 
 TEST(SavedColumns, KeepTheirNames) {
@@ -240,8 +258,8 @@ TEST(SavedColumns, KeepTheirNames) {
 
 TEST(SavedColumns, RefusesANameThatTheFileCannotHold) {
   const test::ScratchFolder folder;
-  test::GivenRows rows({{"uno\x01", FieldType::Integer}}, {});
-  EXPECT_EQ(test::errorNumber([&] { persistStore()->save(rows, folder.path()); }), error_number::kTypeMismatch);
+  EXPECT_EQ(test::refusalToSave({{{"uno\x01", FieldType::Integer}}, {}}, folder.path()).number,
+            error_number::kTypeMismatch);
   EXPECT_EQ(folder.fileCount(), 0);
 }
 

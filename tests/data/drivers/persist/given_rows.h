@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "qvn/base/runtime_error.h"
 #include "qvn/data/driver.h"
 #include "qvn/data/driver_registry.h"
 #include "qvn/data/drivers/persist/persist_driver.h"
@@ -29,6 +30,27 @@ class GivenRows final : public data::Cursor {
   std::vector<std::vector<Variant>> rows_;
   std::size_t at_ = 0;
 };
+
+/// Number and words of the error that a call raises; 0 when it raises none.
+struct Refusal {
+  std::int32_t number = 0;
+  std::string words = {};
+};
+
+template <typename Call>
+Refusal refusalOf(Call call) {
+  try {
+    call();
+  } catch (const RuntimeError& error) {
+    return {error.number(), error.description()};
+  }
+  return {};
+}
+
+/// Of rows that are saved to `path`.
+inline Refusal refusalToSave(GivenRows rows, const std::string& path) {
+  return refusalOf([&] { data::persistStore()->save(rows, path); });
+}
 
 /// The rows saved to `path` and read from there again.
 inline data::RecordsetPtr saveAndLoad(GivenRows rows, const std::string& path) {

@@ -5,7 +5,7 @@
 
 #include "qvn/data/drivers/sqlite/declared_type.h"
 #include "qvn/data/provider_error.h"
-#include "tests/support/error_of.h"
+#include "tests/support/driver_session.h"
 
 namespace qvn::data {
 namespace {
@@ -16,13 +16,7 @@ class SqliteDriverTest : public testing::Test {
     const ConnectionString memory("Provider=SQLite;Data Source=:memory:");
     session_ = sqliteDriver()->connect({memory, {}, {}, {}});
   }
-  Variant first(std::string_view sql) {
-    const auto result = session_->execute(sql);
-    EXPECT_TRUE(result.cursor->next());
-    Variant value;
-    result.cursor->read(0, value);
-    return value;
-  }
+  Variant first(const std::string& sql) { return test::scalar(*session_, sql); }
   std::unique_ptr<Session> session_;
 };
 
@@ -96,10 +90,11 @@ TEST_F(SqliteDriverTest, TextsOfADatabaseInUtf16ComeAsUtf8) {
 
 TEST_F(SqliteDriverTest, OnlyOneStatementAtATime) {
   EXPECT_NO_THROW(session_->execute("SELECT 1; -- nota\n ;"));
-  EXPECT_THROW(session_->execute("SELECT 1; SELECT 2"), ProviderError);
-  EXPECT_THROW(session_->execute(std::string_view("SELECT 1\0 SELECT 2", 18)), ProviderError);
-  EXPECT_THROW(session_->execute(""), ProviderError);
-  EXPECT_THROW(session_->execute("-- sólo una nota"), ProviderError);
+  for (const std::string_view sql :
+       {std::string_view("SELECT 1; SELECT 2"), std::string_view("SELECT 1\0 SELECT 2", 18), std::string_view(""),
+        std::string_view("-- sólo una nota")}) {
+    EXPECT_THROW(session_->execute(sql), ProviderError) << sql;
+  }
 }
 
 TEST_F(SqliteDriverTest, AStatementRunAgainSeesTheTableOfNow) {
