@@ -58,13 +58,6 @@ const Method* harmless(std::string_view name) {
 
 }  // namespace
 
-// Counted references keep a collection that was put into itself.
-extern "C" const char* __lsan_default_suppressions();  // NOLINT(bugprone-reserved-identifier): the sanitizer's name
-
-extern "C" const char* __lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier): as above
-  return "leak:qvn::host::Collection\n";
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   FuzzedLines lines(std::string_view(reinterpret_cast<const char*>(data), size));
   Bridge(lines, harmless).run();
