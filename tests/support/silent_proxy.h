@@ -1,5 +1,5 @@
-// A way to a server that can fail: go silent, so that connections stay open and nothing passes any more, be cut, or lose
-// one connection right behind an answer.
+// A way to a server that can fail: go silent, so that connections stay open and nothing passes any more, be cut, or
+// lose one connection right behind an answer.
 #pragma once
 
 #include <atomic>
