@@ -14,8 +14,7 @@ namespace qvn::test {
 enum class EchoSockets { Datagram, None };
 
 /// Runs `body` in a process of its own, in a network that has nothing but 127.0.0.0/8. The process has every right
-/// there. Its failed expectations, and what it throws, fail this test; where the system gives out no networks, the test
-/// is skipped.
+/// there. Its failed expectations, and what it throws, fail this test, and so does a system that gives out no networks.
 void runInOwnNetwork(EchoSockets sockets, const std::function<void()>& body);
 
 /// Inside such a network: the system no longer answers echo requests by itself.
