@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "qvn/base/eight_bytes.h"
 #include "qvn/base/utf8.h"
 
 namespace qvn {
@@ -62,12 +63,36 @@ char32_t moveCase(char32_t character, const std::array<CaseRange, kCount>& range
 
 constexpr bool isAscii(char c) noexcept { return static_cast<signed char>(c) >= 0; }
 
-// Puts `text` into `result` with every well-formed character replaced by `mapped` of it; most texts are ASCII alone.
-template <typename Mapping>
-void mapCharacters(std::string_view text, char (*mappedAscii)(char), Mapping mapped, std::string& result) {
-  result.assign(text);
+// The bit in which capitals and small letters differ, in each of eight ASCII bytes that is a letter from `first` on.
+constexpr std::uint64_t caseBits(std::uint64_t word, char first) noexcept {
+  using eight_bytes::kEach;
+  // The highest bit of each byte is free, and set by an addition that reaches 128.
+  const std::uint64_t isFirstOrAbove = word + kEach * static_cast<std::uint64_t>(0x80 - first);
+  const std::uint64_t isAboveLast = word + kEach * static_cast<std::uint64_t>(0x80 - first - 26);
+  return ((isFirstOrAbove ^ isAboveLast) & eight_bytes::kHighBits) >> 2;
+}
+
+// Copies ASCII characters from the beginning of `text`, the letters from `first` on in the other case; gives how many.
+std::size_t mapAscii(std::string_view text, char first, char* result) noexcept {
   std::size_t i = 0;
-  for (; i < result.size() && isAscii(result[i]); ++i) result[i] = mappedAscii(result[i]);
+  while (i < text.size()) {
+    std::uint64_t word = eight_bytes::load(text, i);
+    if ((word & eight_bytes::kHighBits) != 0) break;
+    word ^= caseBits(word, first);
+    const std::size_t count = std::min(eight_bytes::kSize, text.size() - i);
+    eight_bytes::store(word, result + i, count);
+    i += count;
+  }
+  return i;
+}
+
+// Puts `text` into `result` with every well-formed character replaced by `mapped` of it, ASCII ones as mapAscii does;
+// most texts are ASCII alone.
+template <typename Mapping>
+void mapCharacters(std::string_view text, char first, Mapping mapped, std::string& result) {
+  result.resize(text.size());
+  std::size_t i = mapAscii(text, first, result.data());
+  if (i == text.size()) return;
   result.resize(i);
   while (i < text.size()) {
     const utf8::Decoded character = utf8::decode(text, i);
@@ -94,7 +119,7 @@ char32_t lowerCase(char32_t character) noexcept {
 
 void upperCaseInto(std::string_view text, std::string& upper) {
   mapCharacters(
-      text, upperAscii, [](char32_t character) { return upperCase(character); }, upper);
+      text, 'a', [](char32_t character) { return upperCase(character); }, upper);
 }
 
 std::string upperCase(std::string_view text) {
@@ -106,7 +131,7 @@ std::string upperCase(std::string_view text) {
 std::string lowerCase(std::string_view text) {
   std::string lower;
   mapCharacters(
-      text, lowerAscii, [](char32_t character) { return lowerCase(character); }, lower);
+      text, 'A', [](char32_t character) { return lowerCase(character); }, lower);
   return lower;
 }
 

@@ -28,21 +28,20 @@ void Collection::Add(Variant value, std::string_view key, const Variant& before,
 }
 
 void Collection::insert(Variant&& value, std::string_view key, std::size_t offset) {
-  const auto at = entries_.begin() + static_cast<std::ptrdiff_t>(offset);
-  if (key.empty()) {
-    Entry& added = pool_.take();
-    added.value = std::move(value);
-    entries_.insert(at, &added);
-    return;
-  }
-  std::string upperKey = upperCase(key);
-  const auto place = keys_.placeToAdd(upperKey);
-  if (keys_.isTaken(place)) throw RuntimeError(error_number::kDuplicateKey);
   Entry& added = pool_.take();
+  if (!key.empty()) {
+    upperCaseInto(key, added.key);
+    if (!keys_.add(added)) {
+      pool_.giveBack(added);
+      throw RuntimeError(error_number::kDuplicateKey);
+    }
+  }
   added.value = std::move(value);
-  added.key = std::move(upperKey);
-  entries_.insert(at, &added);
-  keys_.add(added, place);
+  if (offset == entries_.size()) {
+    entries_.push_back(&added);
+  } else {
+    entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(offset), &added);
+  }
 }
 
 Variant& Collection::Item(const Variant& indexOrKey) { return find(indexOrKey).value; }

@@ -34,7 +34,7 @@ std::shared_ptr<host::Collection> WsFields(std::string_view strWinsock) {
   internal::FieldPieces pieces(strWinsock);
   while (const auto piece = pieces.next()) {
     WsFieldPtr field = blocks.next();
-    field->value = internal::readValue(piece->rawValue);
+    internal::readValue(piece->rawValue, field->value);
     field->Key = piece->name;
     fields->Add(ObjectPtr(std::move(field)), piece->name);
   }

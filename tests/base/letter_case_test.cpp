@@ -37,6 +37,24 @@ TEST(LetterCase, MapsTexts) {
   }
 }
 
+// Texts are changed some bytes at a time: any character, at any place of a text of any length.
+TEST(LetterCase, EveryCharacterChangesAtEveryPlace) {
+  for (std::size_t size = 1; size <= 17; ++size) {
+    for (std::size_t at = 0; at < size; ++at) {
+      for (char32_t c = 0; c < 0x100; ++c) {
+        std::string text(size - 1, 'q');
+        std::string character;
+        utf8::append(character, c);
+        text.insert(at, character);
+        std::string upper;
+        utf8::append(upper, upperCase(c));
+        ASSERT_EQ(upperCase(text), std::string(at, 'Q') + upper + std::string(size - 1 - at, 'Q')) << at << ' ' << size;
+        ASSERT_EQ(lowerCase(upperCase(text)).substr(at + upper.size()), std::string(size - 1 - at, 'q'));
+      }
+    }
+  }
+}
+
 TEST(LetterCase, CapitalsAndSmallLettersAreInverse) {
   int letters = 0;
   for (char32_t c = 0; c <= 0x1FFF; ++c) {

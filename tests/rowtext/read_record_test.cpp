@@ -39,6 +39,19 @@ TEST(WsFields, ReadsValuesByTheirFirstCharacter) {
   for (const auto& [line, expected] : kRows) EXPECT_EQ(contents(line), expected);
 }
 
+// Marks are looked for some bytes at a time: they, and what only begins like them, may stand anywhere.
+TEST(WsFields, FindsMarksAtEveryPlace) {
+  for (std::size_t before = 0; before < 20; ++before) {
+    const std::string name = "[&ª" + std::string(before, 'n');
+    for (std::size_t inside = 0; inside < 20; ++inside) {
+      const std::string value = std::string(inside, '7') + "[&&,)Â[";
+      EXPECT_EQ(contents(name + "[&&,]\"" + value + "\"¨z[&&,]1"), name + "=S:" + value + "|z=D:1|");
+      EXPECT_EQ(contents(name + "[&&,]\"" + value + "\"[&&,]x[&&,]y¨"), name + "=S:" + value + "|");
+    }
+    EXPECT_EQ(test::errorNumber([&] { WsFields(name + "[&&,¨x[&&,]1"); }), 9);
+  }
+}
+
 TEST(WsFields, RefusesWhatNoLineHolds) {
   static constexpr std::pair<const char*, std::int32_t> kRows[] = {
       {"¨a¨", 9},        {"a[&&,]1\n", 0}, {"a[&&,]1¨\n", 9},   {"¨a[&&,]1¨A[&&,]2¨", 457}, {"ñ[&&,]1¨Ñ[&&,]2", 457},

@@ -88,10 +88,14 @@ void ValueWriter::appendDate(Date date) {
   line_.push_back(kDateMark);
 }
 
-Variant readValue(std::string_view raw) {
-  if (raw.starts_with(kQuote) || raw.starts_with(kDateMark)) return insideMarks(raw);
-  if (raw == kNull) return Null{};
-  return text::Fn(raw);
+void readValue(std::string_view raw, Variant& value) {
+  if (raw.starts_with(kQuote) || raw.starts_with(kDateMark)) {
+    value.assignText(insideMarks(raw));
+  } else if (raw == kNull) {
+    value = Null{};
+  } else {
+    value = text::Fn(raw);
+  }
 }
 
 }  // namespace qvn::rowtext::internal

@@ -23,7 +23,8 @@ class ValueWriter {
   std::string dateSeparator_;
 };
 
-/// The value that a raw text stands for: a String, Null or a Double. Throws RuntimeError 5 for a lone quote or "#".
-Variant readValue(std::string_view raw);
+/// Sets `value` to what a raw text stands for: a String, Null or a Double. Throws RuntimeError 5 for a lone quote or
+/// "#".
+void readValue(std::string_view raw, Variant& value);
 
 }  // namespace qvn::rowtext::internal
