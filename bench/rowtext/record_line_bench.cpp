@@ -140,5 +140,13 @@ int main(int argc, char** argv) {
     benchmark::DoNotOptimize(document);
   });
   add("read/rapidjson_keyed", [&] { benchmark::DoNotOptimize(rapidFields(json)); });
+  add("there_and_back/qvn", [&] { benchmark::DoNotOptimize(qvn::rowtext::WsFields(qvn::rowtext::WsRecordSet(rows))); });
+  add("there_and_back/nlohmann", [&] { benchmark::DoNotOptimize(nlohmann::json::parse(nlohmannRow(*rows).dump())); });
+  add("there_and_back/rapidjson", [&] {
+    const std::string written = rapidRow(*rows);
+    rapidjson::Document document;
+    document.Parse(written.data(), written.size());
+    benchmark::DoNotOptimize(document);
+  });
   return qvn::bench::runBesidePeers(argc, argv);
 }

@@ -51,13 +51,14 @@ inline void store(std::uint64_t word, char* to, std::size_t count) noexcept {
   }
 }
 
-/// Not 0 when a byte is `wanted`, whose place `firstOf` then gives.
+/// Not 0 when a byte is `wanted`: the highest bit is set in the first such byte, and in all others; also, perhaps, in
+/// bytes behind the first that differ from it in their lowest bit alone.
 constexpr std::uint64_t equalTo(std::uint64_t word, char wanted) noexcept {
   const std::uint64_t zeroWhereEqual = word ^ (kEach * static_cast<unsigned char>(wanted));
   return (zeroWhereEqual - kEach) & ~zeroWhereEqual & kHighBits;
 }
 
-/// The place, 0 to 7, of the first byte marked in what equalTo gave.
+/// The place, 0 to 7, of the first byte in which the highest bit is set; of those that equalTo gave.
 constexpr std::size_t firstOf(std::uint64_t marked) noexcept {
   return static_cast<std::size_t>(std::countr_zero(marked)) / 8;
 }

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 
 #include "qvn/base/eight_bytes.h"
 #include "qvn/base/utf8.h"
@@ -156,6 +157,18 @@ bool equalIgnoringCase(std::string_view left, std::string_view right) noexcept {
     r += b.length;
   }
   return l == left.size() && r == right.size();
+}
+
+std::size_t hashIgnoringCase(std::string_view text) {
+  constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;  // 2 to the 64 by the golden ratio
+  std::uint64_t hash = text.size();
+  for (std::size_t at = 0; at < text.size(); at += eight_bytes::kSize) {
+    std::uint64_t word = eight_bytes::load(text, at);
+    if ((word & eight_bytes::kHighBits) != 0) return std::hash<std::string>{}(upperCase(text));
+    hash = (hash ^ word ^ caseBits(word, 'a')) * kOdd;
+    hash ^= hash >> 32;
+  }
+  return hash;
 }
 
 }  // namespace qvn

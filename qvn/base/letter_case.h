@@ -5,6 +5,7 @@
 // The same letters are lower-cased.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -27,5 +28,8 @@ void upperCaseInto(std::string_view text, std::string& upper);
 
 /// True when both texts are equal after upper-casing.
 bool equalIgnoringCase(std::string_view left, std::string_view right) noexcept;
+
+/// A hash that is the same for texts which equalIgnoringCase finds equal.
+std::size_t hashIgnoringCase(std::string_view text);
 
 }  // namespace qvn

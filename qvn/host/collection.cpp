@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "qvn/base/letter_case.h"
 #include "qvn/base/runtime_error.h"
 
 namespace qvn::host {
@@ -28,15 +27,18 @@ void Collection::Add(Variant value, std::string_view key, const Variant& before,
 }
 
 void Collection::insert(Variant&& value, std::string_view key, std::size_t offset) {
-  Entry& added = pool_.take();
-  if (!key.empty()) {
-    upperCaseInto(key, added.key);
-    if (!keys_.add(added)) {
-      pool_.giveBack(added);
-      throw RuntimeError(error_number::kDuplicateKey);
-    }
+  if (key.empty()) {
+    link(pool_.take(std::move(value), key), offset);
+    return;
   }
-  added.value = std::move(value);
+  const auto place = keys_.placeToAdd(key);
+  if (keys_.isTaken(place)) throw RuntimeError(error_number::kDuplicateKey);
+  Entry& added = pool_.take(std::move(value), key);
+  link(added, offset);
+  keys_.add(added, place);
+}
+
+void Collection::link(Entry& added, std::size_t offset) {
   if (offset == entries_.size()) {
     entries_.push_back(&added);
   } else {
@@ -61,7 +63,7 @@ Collection::Entry& Collection::find(const Variant& indexOrKey) const {
 }
 
 Collection::Entry& Collection::findKey(std::string_view key) const {
-  Entry* const found = keys_.find(upperCase(key));
+  Entry* const found = keys_.find(key);
   if (found == nullptr) throw RuntimeError(error_number::kInvalidCall);
   return *found;
 }

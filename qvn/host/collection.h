@@ -12,6 +12,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "qvn/base/variant.h"
 #include "qvn/host/internal/entry_pool.h"
@@ -25,8 +26,11 @@ namespace qvn::host {
 /// References to values stay valid until their item is removed; iterators until the next Add or Remove.
 class Collection final : public Object {
   struct Entry {
+    Entry() = default;
+    Entry(Variant&& itsValue, std::string_view itsKey) : value(std::move(itsValue)), key(itsKey) {}
+
     Variant value;
-    std::string key;  // upper-cased; "" when there is none
+    std::string key;  // as it was given; "" when there is none
   };
   using Entries = std::deque<Entry*>;
 
@@ -81,6 +85,7 @@ class Collection final : public Object {
 
  private:
   void insert(Variant&& value, std::string_view key, std::size_t offset);
+  void link(Entry& added, std::size_t offset);
   [[nodiscard]] Entry& find(const Variant& indexOrKey) const;
   [[nodiscard]] Entry& findKey(std::string_view key) const;
   [[nodiscard]] std::size_t offsetOf(const Variant& indexOrKey) const;

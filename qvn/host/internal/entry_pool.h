@@ -3,25 +3,28 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace qvn::host::internal {
 
-/// Gives default-made entries that stay where they are. What is given back is made anew before it is given again; all
-/// memory goes with the pool.
+/// Makes entries that stay where they are until they are given back; all memory goes with the pool.
 template <typename Entry>
 class EntryPool {
  public:
-  Entry& take() {
+  template <typename... Arguments>
+  Entry& take(Arguments&&... arguments) {
     if (!free_.empty()) {
       Entry& entry = *free_.back();
+      entry = Entry(std::forward<Arguments>(arguments)...);
       free_.pop_back();
       return entry;
     }
     if (blocks_.empty() || blocks_.back().size() == blocks_.back().capacity()) addBlock();
-    return blocks_.back().emplace_back();
+    return blocks_.back().emplace_back(std::forward<Arguments>(arguments)...);
   }
 
+  /// What the entry held ends here.
   void giveBack(Entry& entry) {
     entry = Entry();
     free_.push_back(&entry);

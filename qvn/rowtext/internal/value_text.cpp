@@ -30,6 +30,7 @@ void appendTwoDigits(std::string& line, int number) {
 // Where the last character of a text that is not empty begins; bytes that are no character are one each.
 std::size_t lastCharacter(std::string_view text) {
   constexpr std::size_t kLongestCharacter = 4;
+  if (static_cast<unsigned char>(text.back()) < 0x80) return text.size() - 1;
   const std::size_t first = text.size() - std::min(text.size(), kLongestCharacter);
   for (std::size_t at = first; at < text.size(); ++at) {
     const utf8::Decoded character = utf8::decode(text, at);
