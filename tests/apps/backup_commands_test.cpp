@@ -47,10 +47,10 @@ class BackupCommands : public testing::Test {
   }
 
   [[nodiscard]] Call call(std::vector<std::string> arguments) const {
-    return {.arguments = std::move(arguments), .environment = {"QVN_CONEXION=" + target()}, .folder = folder_.path()};
+    return {.arguments = std::move(arguments), .environment = {"QVN_CONEXION=" + target()}, .folder = folder_.folder()};
   }
 
-  TempFolder folder_;
+  ScratchFolder folder_;
   data::ConnectionPtr connection_ = open();
   data::ConnectionPtr lock_ = holdServerLock("tienda_cli");
 };
@@ -59,11 +59,11 @@ TEST_F(BackupCommands, AFaithfulBackupIsVerifiedAndRestored) {
   const std::string before =
       scalar("SELECT GROUP_CONCAT(CONCAT_WS('|', id, COALESCE(nombre, '-'), saldo)) FROM clients");
   expectHolds(expectRun(0, call({"respalda", "--simula", "a.sql.gz"})).out, {"clients  InnoDB", "Simulación"});
-  EXPECT_FALSE(std::filesystem::exists(folder_.path() / "a.sql.gz"));
+  EXPECT_FALSE(std::filesystem::exists(folder_.folder() / "a.sql.gz"));
   const Outcome backup = expectRun(0, call({"respalda", "--fiel", "--verifica", "a.sql.gz"}));
   expectHolds(backup.out, {"Respaldo «a.sql.gz»: 1 tablas, 2 renglones", "clients          2               2  igual"});
   struct stat status {};
-  ASSERT_EQ(stat((folder_.path() / "a.sql.gz").c_str(), &status), 0);
+  ASSERT_EQ(stat((folder_.folder() / "a.sql.gz").c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777U, 0600U);
 
   connection_->Execute("DELETE FROM clients WHERE id = 2");
@@ -83,9 +83,9 @@ TEST_F(BackupCommands, TheUsualBackupTellsWhatItDoesNotKeep) {
 }
 
 TEST_F(BackupCommands, FailuresSayWhereAndGiveTheirStatus) {
-  writeFile(folder_.path() / "cut.sql", "DO 1;\nDO 2");
+  putBytes(folder_.folder() / "cut.sql", "DO 1;\nDO 2");
   expectRun(1, call({"restaura", "cut.sql"}), {"no termina con «;»", "sentencia: DO 2"});
-  writeFile(folder_.path() / "bad.sql", "DO 1;\n\nINSERT INTO nada VALUES (1);\n");
+  putBytes(folder_.folder() / "bad.sql", "DO 1;\n\nINSERT INTO nada VALUES (1);\n");
   expectRun(1, call({"restaura", "bad.sql"}), {"línea 3: ", "(error -2147217865)", "sentencia: INSERT INTO nada"});
   expectRun(1, call({"restaura", "nada.sql"}), {"nada.sql", "(error 53)"});
   expectRun(1, call({"respalda", "nada/a.sql"}), {"(error 76"});
@@ -100,19 +100,19 @@ TEST_F(BackupCommands, ThePasswordNeverStandsInTheCommand) {
   std::string secret = bare.substr(password + 5, end - password - 7);
   secret.replace(secret.find("\"\""), 2, "\"").replace(secret.find("\"\""), 2, "\"");
   bare.erase(password, end - password);
-  writeFile(folder_.path() / "clave", secret + "\r\nno\n");
+  putBytes(folder_.folder() / "clave", secret + "\r\nno\n");
   const std::vector<std::string> command = {"respalda", "--fiel", "a.sql", "-c", bare};
   const auto with = [&](const std::string& word) {
     std::vector<std::string> words = command;
     words.push_back(word);
     return words;
   };
-  expectRun(0, {.arguments = command, .environment = {"QVN_CLAVE=" + secret}, .folder = folder_.path()});
-  expectRun(0, {.arguments = with("--archivo-clave=clave"), .folder = folder_.path()});
-  const Outcome asked = run({.arguments = with("--pide-clave"), .input = secret + "\n", .folder = folder_.path()});
+  expectRun(0, {.arguments = command, .environment = {"QVN_CLAVE=" + secret}, .folder = folder_.folder()});
+  expectRun(0, {.arguments = with("--archivo-clave=clave"), .folder = folder_.folder()});
+  const Outcome asked = run({.arguments = with("--pide-clave"), .input = secret + "\n", .folder = folder_.folder()});
   EXPECT_EQ(asked.status, 0) << asked.err;
-  expectRun(1, {.arguments = with("--archivo-clave=nada"), .folder = folder_.path()}, {"«nada»", "error 53"});
-  expectRun(1, {.arguments = command, .environment = {"QVN_CLAVE=otra"}, .folder = folder_.path()}, {"no aceptó"});
+  expectRun(1, {.arguments = with("--archivo-clave=nada"), .folder = folder_.folder()}, {"«nada»", "error 53"});
+  expectRun(1, {.arguments = command, .environment = {"QVN_CLAVE=otra"}, .folder = folder_.folder()}, {"no aceptó"});
 }
 
 TEST_F(BackupCommands, ARepairTellsWhatItDid) {

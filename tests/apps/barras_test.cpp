@@ -21,30 +21,30 @@ TEST(BarrasCommand, ModulesAndPreview) {
 }
 
 TEST(BarrasCommand, FilesByTheirEnding) {
-  const TempFolder folder;
+  const ScratchFolder folder;
   const auto draw = [&](std::vector<std::string> arguments, const std::vector<std::string>& said = {}) {
     arguments.insert(arguments.begin(), "barras");
-    expectRun(0, {.arguments = std::move(arguments), .folder = folder.path()}, said);
+    expectRun(0, {.arguments = std::move(arguments), .folder = folder.folder()}, said);
   };
   draw({"code39", "PLU-17", "-o", "a.png", "--alto", "3"});
-  EXPECT_TRUE(readFile(folder.path() / "a.png").starts_with("\x89PNG"));
+  EXPECT_TRUE(bytesOf(folder.folder() / "a.png").starts_with("\x89PNG"));
   draw({"ean13", "400638133393", "--salida=a.svg"});
-  expectHolds(readFile(folder.path() / "a.svg"), {"<svg"});
+  expectHolds(bytesOf(folder.folder() / "a.svg"), {"<svg"});
   draw({"code128", "AB12", "-o", "a.pdf"}, {"«12»", "--completo"});
-  EXPECT_TRUE(readFile(folder.path() / "a.pdf").starts_with("%PDF"));
+  EXPECT_TRUE(bytesOf(folder.folder() / "a.pdf").starts_with("%PDF"));
   draw({"code128", "AB12", "-o", "a.pdf", "--completo", "--ancho-modulo", "2", "--ensancha"});
   draw({"ean8", "9638507", "-o", "a.png"}, {"--ensancha"});
   draw({"ean8", "9638507", "-o", "a.png", "--ensancha"});
 }
 
 TEST(BarrasCommand, SheetOfLabels) {
-  const TempFolder folder;
-  writeFile(folder.path() / "lista.txt", "PLU-1\r\n\nplu-2\nPLU-3");
-  const Call call{.arguments = {"barras", "code39", "--lista", "lista.txt", "-o", "h.pdf"}, .folder = folder.path()};
+  const ScratchFolder folder;
+  putBytes(folder.folder() / "lista.txt", "PLU-1\r\n\nplu-2\nPLU-3");
+  const Call call{.arguments = {"barras", "code39", "--lista", "lista.txt", "-o", "h.pdf"}, .folder = folder.folder()};
   EXPECT_EQ(expectRun(1, call, {"renglón 3: «plu-2»", "mayúsculas"}).out, "h.pdf: 2 etiquetas, 1 hoja\n");
-  EXPECT_TRUE(readFile(folder.path() / "h.pdf").ends_with("%%EOF\n"));
+  EXPECT_TRUE(bytesOf(folder.folder() / "h.pdf").ends_with("%%EOF\n"));
   const Call input{
-      .arguments = {"barras", "ean8", "-l-", "-o", "h.pdf"}, .input = "9638507\n", .folder = folder.path()};
+      .arguments = {"barras", "ean8", "-l-", "-o", "h.pdf"}, .input = "9638507\n", .folder = folder.folder()};
   EXPECT_EQ(expectRun(0, input).out, "h.pdf: 1 etiqueta, 1 hoja\n");
 }
 

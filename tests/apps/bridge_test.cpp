@@ -10,9 +10,9 @@ namespace qvn::test {
 namespace {
 
 TEST(Bridge, ExampleClientsSettleADocument) {
-  const TempFolder folder;
-  ASSERT_EQ(run({.arguments = {"demo"}, .folder = folder.path()}).status, 0);
-  const std::string shop = (folder.path() / "demo-qvn" / "tienda.db").string();
+  const ScratchFolder folder;
+  ASSERT_EQ(run({.arguments = {"demo"}, .folder = folder.folder()}).status, 0);
+  const std::string shop = (folder.folder() / "demo-qvn" / "tienda.db").string();
   for (const auto& [interpreter, file] : {std::pair("python3", "cobranza.py"), std::pair("node", "cobranza.mjs")}) {
     SCOPED_TRACE(file);
     const std::string client = std::string(QVN_EXAMPLES "/puente/") + file;
@@ -53,7 +53,7 @@ TEST(Bridge, LineBeyondTheLimitIsAnsweredAndPassedOver) {
 TEST(Bridge, WrongCallsSayWhatIsWrong) { expectRun(1, {.arguments = {"metodos", "noexiste"}}, {"noexiste"}); }
 
 TEST(Methods, ReferencePageIsTheOneInTheDocuments) {
-  EXPECT_EQ(runQvn({"metodos", "--markdown"}).out, readFile(QVN_EXAMPLES "/../docs/methods.md"))
+  EXPECT_EQ(runQvn({"metodos", "--markdown"}).out, bytesOf(QVN_EXAMPLES "/../docs/methods.md"))
       << "write it anew: qvn metodos --markdown > docs/methods.md";
 }
 

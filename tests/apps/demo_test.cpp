@@ -113,16 +113,16 @@ TEST_P(DemoOnEngine, NeverShowsThePassword) {
 }
 
 TEST(DemoCommand, KeepsItsShopInAFolderOfItsOwn) {
-  const TempFolder folder;
+  const ScratchFolder folder;
   // The connection of everyday work is not the one to practise on.
-  const Call call{.arguments = {"demo"}, .environment = {"QVN_CONEXION=Provider=Nadie"}, .folder = folder.path()};
+  const Call call{.arguments = {"demo"}, .environment = {"QVN_CONEXION=Provider=Nadie"}, .folder = folder.folder()};
   expectHolds(expectRun(0, call).out, {"Base de datos: ./demo-qvn/tienda.db (SQLite)\n"});
-  EXPECT_TRUE(std::filesystem::is_regular_file(folder.path() / "demo-qvn" / "tienda.db"));
+  EXPECT_TRUE(std::filesystem::is_regular_file(folder.folder() / "demo-qvn" / "tienda.db"));
 }
 
 TEST(DemoCommand, SaysHowToGoOnLooking) {
-  const TempFolder folder;
-  const std::string awkward = (folder.path() / "a;b 'c' \"d\" ñ").string();
+  const ScratchFolder folder;
+  const std::string awkward = (folder.folder() / "a;b 'c' \"d\" ñ").string();
   const std::string told = expectRun(0, {.arguments = {"demo", "--carpeta", awkward}}).out;
   const std::string heading = "Para seguir mirando:\n";
   const std::size_t at = told.find(heading);
@@ -134,23 +134,23 @@ TEST(DemoCommand, SaysHowToGoOnLooking) {
 }
 
 TEST(DemoCommand, LeavesForeignFilesAlone) {
-  const TempFolder folder;
-  const std::filesystem::path file = folder.path() / "tienda.db";
-  const Call demo{.arguments = {"demo", "--carpeta", folder.path().string()}};
-  writeFile(file, "no soy una base de datos");
+  const ScratchFolder folder;
+  const std::filesystem::path file = folder.folder() / "tienda.db";
+  const Call demo{.arguments = {"demo", "--carpeta", folder.folder().string()}};
+  putBytes(file, "no soy una base de datos");
   expectRun(1, demo, {"tienda.db"});
-  EXPECT_EQ(readFile(file), "no soy una base de datos");
+  EXPECT_EQ(bytesOf(file), "no soy una base de datos");
   // Nor is there a folder to be made below a file.
   expectRun(1, {.arguments = {"demo", "--carpeta", file / "dentro"}}, {"qvn: No se pudo crear la carpeta «"});
 
   std::filesystem::remove(file);
   const std::string connection = "Provider=SQLite;Mode=ReadWriteCreate;Data Source=" + file.string();
   ASSERT_EQ(runQvn({"sql", "-c", connection, "CREATE TABLE ajena (a INTEGER)"}).status, 0);
-  const std::string before = readFile(file);
+  const std::string before = bytesOf(file);
   expectRun(1, demo, {"no lo cambió"});
-  EXPECT_EQ(readFile(file), before);
+  EXPECT_EQ(bytesOf(file), before);
 
-  writeFile(file, "");  // holds nothing that could be lost
+  putBytes(file, "");  // holds nothing that could be lost
   expectRun(0, demo);
 }
 

@@ -11,8 +11,8 @@ const std::string kTwoRows = "SELECT 'Muñoz' AS cliente, 1160.5 AS saldo UNION 
 class ExportaCommand : public CommandInFolder {
  protected:
   ExportaCommand() : CommandInFolder("exporta") {}
-  [[nodiscard]] std::string workbook() const { return readWorkbook((folder_.path() / "v.xlsx").string()); }
-  [[nodiscard]] bool isFolderEmpty() const { return std::filesystem::is_empty(folder_.path()); }
+  [[nodiscard]] std::string workbook() const { return readWorkbook((folder_.folder() / "v.xlsx").string()); }
+  [[nodiscard]] bool isFolderEmpty() const { return std::filesystem::is_empty(folder_.folder()); }
 };
 
 TEST_F(ExportaCommand, WritesRowsWithTitlesAndTotals) {
@@ -34,9 +34,9 @@ TEST_F(ExportaCommand, ReadsTheStatementAndTellsWhatBecameText) {
 }
 
 TEST_F(ExportaCommand, LeavesAnExistingFileUnlessToldOtherwise) {
-  writeFile(folder_.path() / "v.xlsx", "otro");
+  putBytes(folder_.folder() / "v.xlsx", "otro");
   expectRun(1, call({"v.xlsx", kTwoRows}), {"error 58", "«v.xlsx»"});
-  EXPECT_EQ(readFile(folder_.path() / "v.xlsx"), "otro");
+  EXPECT_EQ(bytesOf(folder_.folder() / "v.xlsx"), "otro");
   expectRun(0, call({"--reemplaza", "v.xlsx", kTwoRows}));
   expectHolds(workbook(), {"A3|text|@|Ríos\n"});
 }

@@ -10,8 +10,8 @@ const std::string kTwoRows = "SELECT 'Muñoz' AS cliente, 1160.5 AS saldo_actual
 class InformeCommand : public CommandInFolder {
  protected:
   InformeCommand() : CommandInFolder("informe") {}
-  [[nodiscard]] std::string file(const char* name) const { return readFile(folder_.path() / name); }
-  void define(const std::string& text) const { writeFile(folder_.path() / "v.informe", text); }
+  [[nodiscard]] std::string file(const char* name) const { return bytesOf(folder_.folder() / name); }
+  void define(const std::string& text) const { putBytes(folder_.folder() / "v.informe", text); }
 };
 
 TEST_F(InformeCommand, MakesADefinitionThatIsChangedAndRendered) {
@@ -37,7 +37,7 @@ TEST_F(InformeCommand, ReadsTheStatementAndLeavesExistingFiles) {
   expectRun(1, call({"-n", "v.informe"}, kTwoRows), {"error 58", "«v.informe»"});
   EXPECT_EQ(file("v.informe"), "otro");
   expectRun(0, call({"-n", "--reemplaza", "v.informe"}, kTwoRows));
-  writeFile(folder_.path() / "v.txt", "otro");
+  putBytes(folder_.folder() / "v.txt", "otro");
   expectRun(1, call({"v.informe", "v.txt"}), {"error 58"});
   expectRun(0, call({"v.informe", "v.txt", "--reemplaza"}));
   expectHolds(file("v.txt"), {"Ríos"});
@@ -51,7 +51,7 @@ TEST_F(InformeCommand, FailuresLeaveNothing) {
     std::string said;
   };
   define("[informe]\nconsulta = SELECT 1 AS a FROM nada\n");
-  writeFile(folder_.path() / "malo.informe", "[informe]\nconsulta = SELECT 1\n[columna]\nancho = x\n");
+  putBytes(folder_.folder() / "malo.informe", "[informe]\nconsulta = SELECT 1\n[columna]\nancho = x\n");
   const Row rows[] = {
       {"no definition", {}, 2, "falta el nombre de la definición"},
       {"no file", {"v.informe"}, 2, "falta el nombre del archivo"},
@@ -68,7 +68,7 @@ TEST_F(InformeCommand, FailuresLeaveNothing) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.why);
     expectRun(row.status, call(row.arguments), {row.said});
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path()), {}), 2);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.folder()), {}), 2);
   }
 }
 

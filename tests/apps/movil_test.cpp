@@ -26,9 +26,9 @@ class MovilCommand : public ::testing::Test {
             .folder = local_};
   }
 
-  const TempFolder folder_;
-  const std::filesystem::path device_ = folder_.path() / "device";
-  const std::filesystem::path local_ = folder_.path() / "local";
+  const ScratchFolder folder_;
+  const std::filesystem::path device_ = folder_.folder() / "device";
+  const std::filesystem::path local_ = folder_.folder() / "local";
 };
 
 TEST_F(MovilCommand, TakesFilesThereAndBack) {
@@ -38,24 +38,24 @@ TEST_F(MovilCommand, TakesFilesThereAndBack) {
     const auto call = [&](const std::vector<std::string>& words) {
       return hasLibrary ? byLibrary(words) : byFolder(words);
     };
-    writeFile(local_ / "there", std::string(5000, 'x'));
+    putBytes(local_ / "there", std::string(5000, 'x'));
     expectRun(1, call({"existe", path}), {"no existe «" + path + "»"});
     EXPECT_EQ(expectRun(0, call({"lleva", "there", path})).out, "5000 bytes en «" + path + "»\n");
-    EXPECT_EQ(readFile(device_ / "My Documents" / "año.txt"), std::string(5000, 'x'));
+    EXPECT_EQ(bytesOf(device_ / "My Documents" / "año.txt"), std::string(5000, 'x'));
     EXPECT_EQ(expectRun(0, call({"existe", R"(\My Documents\a*.txt)"})).out, "existe «\\My Documents\\a*.txt»\n");
-    writeFile(local_ / "back", std::string(5001, 'y'));
+    putBytes(local_ / "back", std::string(5001, 'y'));
     EXPECT_EQ(expectRun(0, call({"trae", path, "back"})).out, "5000 bytes en «back»\n");
-    EXPECT_EQ(readFile(local_ / "back"), std::string(5000, 'x') + "y");
+    EXPECT_EQ(bytesOf(local_ / "back"), std::string(5000, 'x') + "y");
     EXPECT_EQ(expectRun(0, call({"borra", path})).out, "se borró «" + path + "»\n");
     EXPECT_FALSE(std::filesystem::exists(device_ / "My Documents" / "año.txt"));
   }
 }
 
 TEST_F(MovilCommand, SaysWhatFailed) {
-  writeFile(device_ / "a", "old");
-  writeFile(local_ / "a", std::string(5000, 'x'));
+  putBytes(device_ / "a", "old");
+  putBytes(local_ / "a", std::string(5000, 'x'));
   expectRun(1, byFolder({"lleva", "a", "\\a"}), {"«\\a» ya existe en el dispositivo"});
-  EXPECT_EQ(readFile(device_ / "a"), "old");
+  EXPECT_EQ(bytesOf(device_ / "a"), "old");
   expectRun(1, byFolder({"lleva", "no-hay", "\\b"}), {"«no-hay»", "error 53"});
   expectRun(1, byFolder({"trae", "\\no-hay", "b"}), {"no se pudo abrir «\\no-hay» en el dispositivo"});
   EXPECT_FALSE(std::filesystem::exists(local_ / "b"));
@@ -63,12 +63,12 @@ TEST_F(MovilCommand, SaysWhatFailed) {
   expectRun(1, byFolder({"borra", "..\\local\\a"}), {"no se pudo borrar"});
   expectRun(1, byFolder({"ejecuta", "\\a"}), {"no se pudo arrancar «\\a»"});
   expectRun(1, byLibrary({"lleva", "a", "\\b"}, "full=3000"), {"el dispositivo no aceptó todo «\\b»"});
-  EXPECT_EQ(readFile(device_ / "b"), std::string(3000, 'x'));
+  EXPECT_EQ(bytesOf(device_ / "b"), std::string(3000, 'x'));
   expectRun(1, byLibrary({"trae", "--espera", "1", "\\a", "c"}, "dead-reads"), {"el dispositivo dejó de contestar"});
 }
 
 TEST_F(MovilCommand, StartsProgramsAndTellsTheVersion) {
-  writeFile(device_ / "a.exe", "");
+  putBytes(device_ / "a.exe", "");
   EXPECT_EQ(expectRun(0, byLibrary({"ejecuta", "\\a.exe", "uno dos"})).out, "se arrancó «\\a.exe»\n");
   EXPECT_EQ(expectRun(0, byLibrary({"version"})).out, "5.1.1700 Edición 2\n");
   EXPECT_EQ(expectRun(0, byFolder({"version"})).out, "0.0.0 carpeta\n");

@@ -64,12 +64,12 @@ std::string interruptedPing() {
   constexpr const char* kInterrupt =
       "\"$0\" ping -n 0 -i 0 127.0.0.1 > out & "
       "until grep -q respuesta out; do sleep 0.02; done; kill -INT $!; wait $!";
-  const TempFolder folder;
+  const ScratchFolder folder;
   const Outcome outcome =
-      run({.arguments = {"-c", kInterrupt, QVN_PROGRAM}, .folder = folder.path(), .program = "/bin/sh"});
+      run({.arguments = {"-c", kInterrupt, QVN_PROGRAM}, .folder = folder.folder(), .program = "/bin/sh"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
-  return readFile(folder.path() / "out");
+  return bytesOf(folder.folder() / "out");
 }
 
 TEST(PingCommand, CtrlCEndsItWithItsStatistics) {

@@ -101,14 +101,14 @@ TEST(Recalculate, AnInterruptionEndsItAfterABatchAndTheNextRunGoesOn) {
         "INSERT INTO cobranza SELECT i, 'C1', 1, 1, 'P' FROM n"}) {
     connection->Execute(sql);
   }
-  const TempFolder folder;
+  const ScratchFolder folder;
   const std::string variable = "QVN_CONEXION=" + database->connectionString();
   const Outcome outcome = run({.arguments = {"-c", kInterruptAfterFirstBatch, QVN_PROGRAM},
                                .environment = {variable},
-                               .folder = folder.path(),
+                               .folder = folder.folder(),
                                .program = "/bin/sh"});
   EXPECT_EQ(outcome.status, 1) << outcome.err;
-  expectHolds(readFile(folder.path() / "rest"),
+  expectHolds(bytesOf(folder.folder() / "rest"),
               {"qvn: se interrumpió después de ", " de 5,000 documentos de clientes; ", "repita el comando"});
   const std::string pending = "SELECT COUNT(*) FROM cobranza WHERE estado = 'P'";
   const int left = std::stoi(valuesOf(connection, pending));

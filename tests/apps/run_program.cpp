@@ -9,8 +9,6 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
@@ -66,11 +64,11 @@ int brokenPipe() {
 }  // namespace
 
 Outcome run(const Call& call) {
-  const TempFolder files;
-  const std::string input = files.path() / "in";
-  const std::string output = call.outputFile.empty() ? std::string(files.path() / "out") : call.outputFile;
-  const std::string messages = files.path() / "err";
-  writeFile(input, call.input);
+  const ScratchFolder files;
+  const std::string input = files.path("in");
+  const std::string output = call.outputFile.empty() ? files.path("out") : call.outputFile;
+  const std::string messages = files.path("err");
+  putBytes(input, call.input);
 
   std::vector<std::string> words{call.program.empty() ? QVN_PROGRAM : call.program};
   words.insert(words.end(), call.arguments.begin(), call.arguments.end());
@@ -92,7 +90,7 @@ Outcome run(const Call& call) {
   for (const int stream : streams) close(stream);
   if (process < 0) throw std::runtime_error("cannot fork");
   const int status = waitFor(process);
-  return {status, call.hasReader && call.outputFile.empty() ? readFile(output) : "", readFile(messages)};
+  return {status, call.hasReader && call.outputFile.empty() ? bytesOf(output) : "", bytesOf(messages)};
 }
 
 Outcome expectRun(int status, const Call& call, const std::vector<std::string>& said) {
@@ -109,31 +107,6 @@ void expectHolds(const std::string& text, const std::vector<std::string>& pieces
   for (const std::string& piece : pieces) {
     EXPECT_NE(text.find(piece), std::string::npos) << "missing: " << piece << "\nin: " << text;
   }
-}
-
-TempFolder::TempFolder() {
-  std::string name = std::filesystem::temp_directory_path() / "qvn_t_XXXXXX";
-  if (mkdtemp(name.data()) == nullptr) throw std::system_error(errno, std::generic_category(), "mkdtemp");
-  path_ = name;
-}
-
-TempFolder::~TempFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
-
-std::string readFile(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  if (!stream) throw std::runtime_error("cannot read " + file.string());
-  std::ostringstream text;
-  text << stream.rdbuf();
-  return text.str();
-}
-
-void writeFile(const std::filesystem::path& file, const std::string& text) {
-  std::ofstream stream(file, std::ios::binary);
-  stream << text;
-  if (!stream.flush()) throw std::runtime_error("cannot write " + file.string());
 }
 
 }  // namespace qvn::test

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "tests/support/scratch_folder.h"
+
 namespace qvn::test {
 
 // Members have initializers so that a call names only those that it sets.
@@ -45,19 +47,6 @@ void expectHolds(const std::string& text, const std::vector<std::string>& pieces
 /// An empty database for a run.
 inline const std::string kMemory = "Provider=SQLite;Data Source=:memory:";
 
-/// An empty folder, removed with the object.
-class TempFolder {
- public:
-  TempFolder();
-  ~TempFolder();
-  TempFolder(const TempFolder&) = delete;
-  TempFolder& operator=(const TempFolder&) = delete;
-  [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
-
 /// Runs of one command in a folder of their own, on an empty database.
 class CommandInFolder : public testing::Test {
  protected:
@@ -67,16 +56,13 @@ class CommandInFolder : public testing::Test {
     return {.arguments = std::move(arguments),
             .input = std::move(input),
             .environment = {"QVN_CONEXION=" + kMemory},
-            .folder = folder_.path()};
+            .folder = folder_.folder()};
   }
 
-  TempFolder folder_;
+  ScratchFolder folder_;
 
  private:
   std::string command_;
 };
-
-std::string readFile(const std::filesystem::path& file);
-void writeFile(const std::filesystem::path& file, const std::string& text);
 
 }  // namespace qvn::test

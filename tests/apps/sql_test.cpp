@@ -78,9 +78,9 @@ TEST(SqlCommand, RegionalSettingsAreForPeopleAlone) {
 // clang-format on
 
 TEST(SqlCommand, ColumnTypesDecideHowValuesAreShown) {
-  const TempFolder folder;
+  const ScratchFolder folder;
   const std::string connection =
-      "Provider=SQLite;Mode=ReadWriteCreate;Data Source=" + (folder.path() / "t.db").string();
+      "Provider=SQLite;Mode=ReadWriteCreate;Data Source=" + (folder.folder() / "t.db").string();
   const auto runHere = [&](const std::string& format, const std::string& statement) {
     return run(
         {.arguments = {"sql", "-c", connection, "-f", format, statement}, .environment = {"LC_ALL=es_MX.UTF-8"}});

@@ -21,10 +21,10 @@ TEST(EjecutaCommand, PassesOnWhatTheCommandWrites) {
   EXPECT_EQ(expectRun(0, {.arguments = {"ejecuta", "seq 1000000"}}).out.size(), 6888896U);
   expectRun(0, {.arguments = {"ejecuta", "yes"}, .hasReader = false});
   expectRun(1, {.arguments = {"ejecuta", "no-hay-tal-programa x"}}, {"No se pudo iniciar «no-hay-tal-programa x»"});
-  const TempFolder folder;
-  const Call toFile{.arguments = {"ejecuta", "-a", "s.txt", "echo hola"}, .folder = folder.path()};
+  const ScratchFolder folder;
+  const Call toFile{.arguments = {"ejecuta", "-a", "s.txt", "echo hola"}, .folder = folder.folder()};
   EXPECT_EQ(expectRun(0, toFile).out, "");
-  EXPECT_EQ(readFile(folder.path() / "s.txt"), "hola\n\r\n\r\n");
+  EXPECT_EQ(bytesOf(folder.folder() / "s.txt"), "hola\n\r\n\r\n");
 }
 
 TEST(QuestionCommands, AnswerByTheirExitStatus) {
@@ -65,23 +65,23 @@ TEST(QuestionCommands, SayWhyThereIsNoWindow) {
                   .environment = {"DISPLAY=:9987", "QT_QPA_PLATFORM=xcb"}};
   expectRun(1, lost, {"DISPLAY"});
   expectRun(1, {.arguments = {"mensaje", "--ventana", "Hola"}, .environment = noDisplay}, {"no hay una pantalla"});
-  const TempFolder folder;
-  const std::filesystem::path alone = folder.path() / "qvn";
+  const ScratchFolder folder;
+  const std::filesystem::path alone = folder.folder() / "qvn";
   std::filesystem::copy(QVN_PROGRAM, alone);
   expectRun(1, {.arguments = {"entrada", "--ventana", "Nombre"}, .program = alone}, {"qvn-ventana", "Qt 6"});
 }
 
 TEST(BitacoraCommand, ShowsTheErrorsOfADay) {
-  const TempFolder folder;
+  const ScratchFolder folder;
   const auto record = [](const std::string& time, const std::string& module, const std::string& description) {
     return time + " Ocurrió un error:\r\nModule: " + module + "\r\nFunction: Guardar\r\nDescription: " + description +
            "\r\n\r\n";
   };
-  writeFile(folder.path() / "QuorvinError07032012.Log",
-            "basura\r\n" + record("10:42:07", "frmVentas", "Division by zero") + "11:00:00 Ocurrió un error:\r\n" +
-                record("11:00:01", "frmPagos", "uno\r\n\r\ndos") + record("23:59:59", "FRMVENTAS", ""));
+  putBytes(folder.folder() / "QuorvinError07032012.Log",
+           "basura\r\n" + record("10:42:07", "frmVentas", "Division by zero") + "11:00:00 Ocurrió un error:\r\n" +
+               record("11:00:01", "frmPagos", "uno\r\n\r\ndos") + record("23:59:59", "FRMVENTAS", ""));
   const auto shown = [&](std::vector<std::string> more) {
-    std::vector<std::string> arguments = {"bitacora", "--carpeta", folder.path().string(), "--fecha", "2012-03-07"};
+    std::vector<std::string> arguments = {"bitacora", "--carpeta", folder.folder().string(), "--fecha", "2012-03-07"};
     arguments.insert(arguments.end(), more.begin(), more.end());
     return expectRun(0, {.arguments = arguments}).out;
   };
@@ -91,7 +91,7 @@ TEST(BitacoraCommand, ShowsTheErrorsOfADay) {
   EXPECT_EQ(shown({}), first + second + third);
   EXPECT_EQ(shown({"--modulo", "frmVentas"}), first + third);
   EXPECT_EQ(shown({"-m", "otro"}), "");
-  EXPECT_EQ(run({.arguments = {"bitacora", "-f", "1999-01-01"}, .folder = folder.path()}).err,
+  EXPECT_EQ(run({.arguments = {"bitacora", "-f", "1999-01-01"}, .folder = folder.folder()}).err,
             "No hay errores registrados ese día: no existe ./QuorvinError01011999.Log\n");
 }
 

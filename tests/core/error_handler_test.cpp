@@ -22,10 +22,6 @@ using test::FixedClock;
 class ErrorLog : public testing::Test {
  protected:
   ErrorLog() { ambiente_->setCarpetaDeErrores(folder_.path("")); }
-  [[nodiscard]] std::string contents(const char* name) const {
-    std::ifstream stream(folder_.path(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-  }
   bool handle(std::string_view description, std::int32_t number, FixedClock clock) {
     return Err_Handler(ambiente_, "frmVentas", "Guardar", description, number, dialogs_, clock);
   }
@@ -46,12 +42,13 @@ TEST_F(ErrorLog, IsWrittenAfterTheErrorWasShown) {
   const std::string first = record("10:42:07", "Division by zero");
   EXPECT_TRUE(handle("Division by zero", 11, FixedClock({at(7, 10, 42, 7)})));
   EXPECT_EQ(dialogs_.shown(), (std::vector<dialogs::ScriptedDialogs::Shown>{{"message", first}}));
-  EXPECT_EQ(contents("QuorvinError07032012.Log"), first + "\r\n");
+  EXPECT_EQ(folder_.bytes("QuorvinError07032012.Log"), first + "\r\n");
   // The dialog stays open over midnight: the record's time is before it, the file's date after.
   EXPECT_TRUE(handle("ñ", -2147217900, FixedClock({at(7, 23, 59, 59), at(8, 0, 0, 3)})));
-  EXPECT_EQ(contents("QuorvinError07032012.Log"), first + "\r\n");
+  EXPECT_EQ(folder_.bytes("QuorvinError07032012.Log"), first + "\r\n");
   EXPECT_TRUE(handle("", 0, FixedClock({at(8, 13, 5, 0)})));
-  EXPECT_EQ(contents("QuorvinError08032012.Log"), record("23:59:59", "ñ") + "\r\n" + record("13:05:00", "") + "\r\n");
+  EXPECT_EQ(folder_.bytes("QuorvinError08032012.Log"),
+            record("23:59:59", "ñ") + "\r\n" + record("13:05:00", "") + "\r\n");
   EXPECT_EQ(folder_.fileCount(), 2);
 }
 
@@ -86,7 +83,7 @@ TEST_F(ErrorLog, StationsWriteSideBySide) {
   while (wait(nullptr) > 0) {
   }
   std::map<std::string, int> counts;
-  std::string text = contents("QuorvinError07032012.Log");
+  std::string text = folder_.bytes("QuorvinError07032012.Log");
   for (std::size_t from = 0, end = 0; (end = text.find("\r\n\r\n", from)) != std::string::npos; from = end + 4) {
     ++counts[text.substr(from, end - from)];
   }

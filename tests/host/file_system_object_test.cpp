@@ -2,50 +2,38 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <set>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "tests/support/error_of.h"
+#include "tests/support/scratch_folder.h"
 
 namespace qvn::host {
 namespace {
 
 namespace fs = std::filesystem;
 
-std::string bytesOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
+using test::bytesOf;
 
 // Each test has a folder of its own.
 class Files : public testing::Test {
  protected:
-  Files() {
-    if (mkdtemp(folder.data()) == nullptr) throw std::runtime_error("no temporary folder " + folder);
-  }
-  ~Files() override { fs::remove_all(folder, ignored); }
-
-  [[nodiscard]] std::string at(const std::string& name) const { return folder + "/" + name; }
-  std::string make(const std::string& name, std::string_view bytes) {
-    std::ofstream(at(name), std::ios::binary) << bytes;
+  [[nodiscard]] std::string at(const std::string& name) const { return folder.path(name); }
+  [[nodiscard]] std::string make(const std::string& name, std::string_view bytes) const {
+    folder.put(bytes, name);
     return at(name);
   }
-  std::set<std::string> names() {
+  [[nodiscard]] std::set<std::string> names() const {
     std::set<std::string> found;
-    for (const auto& entry : fs::directory_iterator(folder)) found.insert(entry.path().filename());
+    for (const auto& entry : fs::directory_iterator(folder.folder())) found.insert(entry.path().filename());
     return found;
   }
 
-  std::string folder = fs::temp_directory_path() / "qvn-files-XXXXXX";
+  const test::ScratchFolder folder;
   FileSystemObject files;
-  std::error_code ignored;
 };
 
 void expectNumber(std::int32_t number, const std::vector<std::function<void()>>& calls) {
@@ -102,7 +90,7 @@ TEST(FileNames, DrawsTemporaryNames) {
 }
 
 TEST_F(Files, TellsFilesFromFolders) {
-  make("caja.txt", "x");
+  folder.put("x", "caja.txt");
   EXPECT_TRUE(files.FileExists(at("caja.txt")));
   EXPECT_TRUE(files.FileExists(at("") + "\\caja.txt"));
   EXPECT_FALSE(files.FolderExists(at("caja.txt")));
@@ -172,7 +160,7 @@ TEST_F(Files, DeletesFilesThatFitThePattern) {
   files.CreateFolder(at("a3.txt"));
   for (const Row& row : rows) {
     SCOPED_TRACE(row.pattern);
-    for (const char* name : {"a1.txt", "a22.txt", "añ.txt", "LEEME", "x.TXT"}) make(name, "");
+    for (const char* name : {"a1.txt", "a22.txt", "añ.txt", "LEEME", "x.TXT"}) folder.put("", name);
     expectNumber(row.left.size() == 5 ? 53 : 0, {[&] { files.DeleteFile(at(row.pattern)); }});
     std::set<std::string> left = row.left;
     left.insert("a3.txt");
@@ -183,9 +171,9 @@ TEST_F(Files, DeletesFilesThatFitThePattern) {
 TEST_F(Files, DeletesFoldersWithTheirContentsButNotWhatLinksLeadTo) {
   files.CreateFolder(at("a"));
   files.CreateFolder(at("a") + "\\b");
-  make("a/b/x", "1");
+  folder.put("1", "a/b/x");
   files.CreateFolder(at("c"));
-  make("c/y", "2");
+  folder.put("2", "c/y");
   fs::create_directory_symlink(at("c"), at("enlace"));
   files.DeleteFolder(at("a"));
   files.DeleteFolder(at("enlace/"));

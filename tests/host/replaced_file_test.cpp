@@ -8,26 +8,19 @@
 namespace qvn::host {
 namespace {
 
-void put(const std::string& path, std::string_view text) { std::ofstream(path, std::ios::binary) << text; }
-
-std::string contentsOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 TEST(ReplacedFile, LeavesTheOlderOneUntilItIsComplete) {
   const test::ScratchFolder folder;
   folder.put("older");
   {
     const ReplacedFile file(folder.path());
-    put(file.name(), "new");
-    EXPECT_EQ(contentsOf(folder.path()), "older");
+    test::putBytes(file.name(), "new");
+    EXPECT_EQ(test::bytesOf(folder.path()), "older");
   }
   EXPECT_EQ(folder.fileCount(), 1);
   ReplacedFile file(folder.path());
-  put(file.name(), "new");
+  test::putBytes(file.name(), "new");
   file.publish();
-  EXPECT_EQ(contentsOf(folder.path()), "new");
+  EXPECT_EQ(test::bytesOf(folder.path()), "new");
   EXPECT_EQ(folder.fileCount(), 1);
   EXPECT_EQ(ReplacedFile("/dev/null").name(), "/dev/null");
 }
@@ -39,11 +32,11 @@ TEST(ReplacedFile, ANewOneTakesNobodysPlace) {
     std::filesystem::remove(folder.path());
     {
       ReplacedFile file(folder.path(), OnExisting::Refuse);
-      put(file.name(), "new");
+      test::putBytes(file.name(), "new");
       if (!older.empty()) folder.put(older);
       EXPECT_EQ(test::errorNumber([&] { file.publish(); }), older.empty() ? 0 : error_number::kFileExists);
     }
-    EXPECT_EQ(contentsOf(folder.path()), older.empty() ? "new" : older);
+    EXPECT_EQ(test::bytesOf(folder.path()), older.empty() ? "new" : older);
     EXPECT_EQ(folder.fileCount(), 1);
   }
   EXPECT_EQ(test::errorNumber([&] { ReplacedFile(folder.path(), OnExisting::Refuse); }), error_number::kFileExists);

@@ -8,7 +8,7 @@
 namespace qvn::mysqladmin {
 namespace {
 
-using test::contentsOf;
+using test::bytesOf;
 using test::withCrLf;
 
 class DatabaseBackupTest : public test::ShopServer {
@@ -16,7 +16,7 @@ class DatabaseBackupTest : public test::ShopServer {
   // What stands between the header and the trailer, both checked here.
   std::string dumpedTables() {
     report_ = DatabaseBackup(file_, connection_, clock_);
-    const std::string dump = contentsOf(file_);
+    const std::string dump = bytesOf(file_);
     const std::string head = withCrLf(
                                  "\n#\n# Respaldo creado por: QvnGenericFunctions v0.1.0\n# Base datos: tienda\n"
                                  "# Fecha/Hora: 07/03/26 00:00:00\n# DBMS: MySQL v") +

@@ -52,7 +52,7 @@ TEST(DumpFiles, AreCompressedAsTheirNamesSay) {
   const test::ScratchFolder folder;
   const std::string text = longText();
   put(folder.path("a.gz"), text);
-  EXPECT_EQ(test::contentsOf(folder.path("a.gz")).substr(0, 2), "\x1F\x8B");
+  EXPECT_EQ(test::bytesOf(folder.path("a.gz")).substr(0, 2), "\x1F\x8B");
   EXPECT_LT(std::filesystem::file_size(folder.path("a.gz")), text.size() / 2);
 }
 
@@ -61,7 +61,7 @@ TEST(DumpFiles, JoinedCompressedFilesAreReadToTheEnd) {
   for (const char* name : {"a.gz", "a.zst"}) {
     const std::string path = folder.path(name);
     put(path, "uno ");
-    const std::string once = test::contentsOf(path);
+    const std::string once = test::bytesOf(path);
     std::ofstream(path, std::ios::binary) << once << once;
     EXPECT_EQ(get(path, 100), "uno uno ");
   }
@@ -73,7 +73,7 @@ TEST(DumpFiles, DamagedOrCutCompressedFilesAreRefused) {
     SCOPED_TRACE(name);
     const std::string path = folder.path(name);
     put(path, longText());
-    const std::string whole = test::contentsOf(path);
+    const std::string whole = test::bytesOf(path);
     std::string damaged = whole;
     damaged[whole.size() / 2] = static_cast<char>(damaged[whole.size() / 2] ^ 0x55);
     for (const std::string& bytes : {whole.substr(0, whole.size() - 1), whole.substr(0, whole.size() / 2),
@@ -93,7 +93,7 @@ TEST(DumpFiles, BelongToTheirOwnerAlone) {
   struct stat status {};
   ASSERT_EQ(stat(path.c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777U, 0600U);
-  EXPECT_EQ(test::contentsOf(path), "new");
+  EXPECT_EQ(test::bytesOf(path), "new");
 }
 
 TEST(DumpFiles, SayWhyTheyCannotBe) {

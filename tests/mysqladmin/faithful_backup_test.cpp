@@ -114,7 +114,7 @@ TEST_F(FaithfulBackupTest, LeavesAnOlderFileWhenItFails) {
   killed = connection_->Execute("SELECT CONNECTION_ID()")->Fields(0).Value().toLongLong();
   EXPECT_THROW(backupFaithfully(file_, connection_, clock_, kill), data::ProviderError);
   EXPECT_EQ(test::errorNumber([&] { backupFaithfully("/dev/full", open("tienda"), clock_); }), error_number::kDiskFull);
-  EXPECT_EQ(test::contentsOf(file_), "older");
+  EXPECT_EQ(test::bytesOf(file_), "older");
   EXPECT_FALSE(std::filesystem::exists(file_ + ".parcial"));
 }
 

@@ -6,7 +6,6 @@
 #include <array>
 #include <cstdio>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -20,11 +19,6 @@
 #include "tests/support/server_lock.h"
 
 namespace qvn::test {
-
-inline std::string contentsOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// Each line ended as the host's dumps end it.
 inline std::string withCrLf(const std::string& text) {

@@ -2,7 +2,6 @@
 #include "qvn/data/drivers/odbc/access_file.h"
 
 #include <cstdlib>
-#include <iterator>
 
 #include "tests/data/drivers/odbc/odbc_fixture.h"
 
@@ -11,11 +10,6 @@ namespace {
 
 namespace number = data::provider_number;
 constexpr const char* kPasswordName = "Jet OLEDB:Database Password";
-
-std::string contents(const std::string& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 class AccessFile : public testing::Test {
  protected:
@@ -72,13 +66,13 @@ TEST_F(AccessFile, ThePasswordIsThatOfTheFile) {
     data::PropertyBag properties;
     properties.set(kPasswordName, row.given);
     EXPECT_EQ(errorNumber([&] { open(file, std::string(";") + kPasswordName + "=nada", properties); }), row.expected);
-    const std::string page = contents(file).substr(0, data::odbc::kAccessHeaderSize);
+    const std::string page = bytesOf(file).substr(0, data::odbc::kAccessHeaderSize);
     EXPECT_EQ(data::odbc::accessFilePassword(page), row.stored);
   }
 }
 
 TEST_F(AccessFile, TellsWhyItWasNotOpened) {
-  const std::string whole = contents(make("secreto-1"));
+  const std::string whole = bytesOf(make("secreto-1"));
   ASSERT_GT(whole.size(), data::odbc::kAccessHeaderSize);
   struct Row {
     const char* why;
@@ -148,7 +142,7 @@ TEST_F(AccessFile, RowsOfManyPages) {
 
 TEST_F(AccessFile, NothingIsWritten) {
   const std::string file = make();
-  const std::string before = contents(file);
+  const std::string before = bytesOf(file);
   const auto session = open(file);
   const auto byDriver = openByDriver(file);
   for (const char* const sql :
@@ -157,7 +151,7 @@ TEST_F(AccessFile, NothingIsWritten) {
     EXPECT_EQ(errorNumber([&] { session->execute(sql); }), number::kNotSupported) << sql;
     EXPECT_EQ(errorNumber([&] { byDriver->execute(sql); }), number::kNotSupported) << sql;
   }
-  EXPECT_TRUE(contents(file) == before);
+  EXPECT_TRUE(bytesOf(file) == before);
   EXPECT_EQ(remaining(*session->execute("\n select articulo FROM prods").cursor).size(), 2U);
 }
 
