@@ -2,10 +2,11 @@
 # A bare Debian 12 in a folder, for the scripts that try there what people will do on a fresh machine. Sourced after
 # lib.sh, as root:
 #
-#   make_bare FOLDER     makes it with debootstrap, with the package sources and proxies of this machine
+#   make_bare            makes it with debootstrap, with the package sources and proxies of this machine
 #   within COMMAND...    runs a command in it
 #
-# The script then runs in mounts of its own, which end with it; its `cleanup` is the one below.
+# The script's argument names the folder, which must be new; without one it is temporary. The script then runs in mounts
+# of its own, which end with it; its `cleanup` is the one below.
 
 enter_own_mounts() {
   ((EUID == 0)) || fail "hace falta ser root"

@@ -67,9 +67,10 @@ constexpr bool isAscii(char c) noexcept { return static_cast<signed char>(c) >= 
 // The bit in which capitals and small letters differ, in each of eight ASCII bytes that is a letter from `first` on.
 constexpr std::uint64_t caseBits(std::uint64_t word, char first) noexcept {
   using eight_bytes::kEach;
+  constexpr int kLetters = 26;
   // The highest bit of each byte is free, and set by an addition that reaches 128.
   const std::uint64_t isFirstOrAbove = word + kEach * static_cast<std::uint64_t>(0x80 - first);
-  const std::uint64_t isAboveLast = word + kEach * static_cast<std::uint64_t>(0x80 - first - 26);
+  const std::uint64_t isAboveLast = word + kEach * static_cast<std::uint64_t>(0x80 - first - kLetters);
   return ((isFirstOrAbove ^ isAboveLast) & eight_bytes::kHighBits) >> 2;
 }
 
@@ -163,7 +164,7 @@ std::size_t hashIgnoringCase(std::string_view text) {
   constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;  // 2 to the 64 by the golden ratio
   std::uint64_t hash = text.size();
   for (std::size_t at = 0; at < text.size(); at += eight_bytes::kSize) {
-    std::uint64_t word = eight_bytes::load(text, at);
+    const std::uint64_t word = eight_bytes::load(text, at);
     if ((word & eight_bytes::kHighBits) != 0) return std::hash<std::string>{}(upperCase(text));
     hash = (hash ^ word ^ caseBits(word, 'a')) * kOdd;
     hash ^= hash >> 32;

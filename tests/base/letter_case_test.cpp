@@ -34,6 +34,8 @@ TEST(LetterCase, MapsTexts) {
     EXPECT_EQ(memory, row.upper);
     EXPECT_TRUE(equalIgnoringCase(row.text, row.upper));
     EXPECT_TRUE(equalIgnoringCase(row.lower, row.text));
+    EXPECT_EQ(hashIgnoringCase(row.text), hashIgnoringCase(row.upper));
+    EXPECT_EQ(hashIgnoringCase(row.text), hashIgnoringCase(row.lower));
   }
 }
 

@@ -29,9 +29,9 @@ TEST(TerminalDialogs, ButtonsAreNamedByLetterNumberOrCaption) {
     EXPECT_EQ(Terminal(row.typed).dialogs.question("¿Borrar?", 2), row.question) << row.typed;
     EXPECT_EQ(Terminal(row.typed).dialogs.choice("¿Borrar?", 2), row.choice) << row.typed;
   }
-  EXPECT_EQ(Terminal("TODO").dialogs.choice("?", 1), 0);
+  EXPECT_EQ(Terminal("ToDO").dialogs.choice("?", 1), 0);
   EXPECT_EQ(Terminal("t").dialogs.choice("?", 1), 2);
-  EXPECT_EQ(Terminal("si a TODO").dialogs.choice("?", 1), 2);
+  EXPECT_EQ(Terminal("si a ToDO").dialogs.choice("?", 1), 2);
   EXPECT_EQ(Terminal("c").dialogs.choice("?", 1), 4);
 }
 
