@@ -62,7 +62,7 @@ TEST(PingCommand, EndsWith1WithoutAReply) {
 // What an endless one writes that is interrupted once a reply is there, usually in the wait for the second one.
 std::string interruptedPing() {
   constexpr const char* kInterrupt =
-      "\"$0\" ping -n 0 -i 0 127.0.0.1 > out & "
+      ": > out; \"$0\" ping -n 0 -i 0 127.0.0.1 > out & "
       "until grep -q respuesta out; do sleep 0.02; done; kill -INT $!; wait $!";
   const ScratchFolder folder;
   const Outcome outcome =
